@@ -1,0 +1,25 @@
+# How this project's own targets are compiled. Linked privately, so that nothing of it reaches a host.
+#
+# -Wnon-virtual-dtor is left out on purpose: the interfaces and visitors have no virtual destructor,
+# because an additional slot would break the applications that are already built against them.
+add_library(QuendaBuildOptions INTERFACE)
+target_compile_features(QuendaBuildOptions INTERFACE cxx_std_17)
+target_compile_options(QuendaBuildOptions INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wundef -Wcast-align -Wcast-qual -Wformat=2
+    -Wold-style-cast -Woverloaded-virtual -Wsuggest-override)
+target_compile_definitions(QuendaBuildOptions INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_URL_CAST_FROM_STRING
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+    QT_NO_FOREACH
+    QT_NO_KEYWORDS
+    QT_STRICT_ITERATORS)
+target_link_options(QuendaBuildOptions INTERFACE -Wl,--as-needed)
+
+if(QUENDAHELP_SANITIZE)
+    target_compile_options(QuendaBuildOptions INTERFACE
+        -fsanitize=${QUENDAHELP_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(QuendaBuildOptions INTERFACE -fsanitize=${QUENDAHELP_SANITIZE})
+endif()

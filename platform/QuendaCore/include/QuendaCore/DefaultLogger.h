@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QuendaCore/LogLevel.h>
+#include <QuendaCore/TextLineComposer.h>
+#include <QuendaCore/quendacore_export.h>
+
+#include <iosfwd>
+
+class QString;
+
+namespace Quenda {
+
+/**
+ * The composer for records of this severity, or null when nothing is written for it.
+ *
+ * To begin with, errors, warnings and the other severities go to standard error, each line with the
+ * severity as a word in front. Only for the thread that writes the records.
+ */
+QUENDACORE_EXPORT TextLineComposer<char> *DefaultLogger(LogLevel level);
+
+/**
+ * Puts @p composer in the place of the present one for @p level; null switches the severity off.
+ * The composer remains the caller's and must outlive its use. A level that is not in the
+ * enumeration has no composer and takes none.
+ *
+ * @return The composer that stood there, to be put back.
+ */
+QUENDACORE_EXPORT TextLineComposer<char> *setDefaultLogger(LogLevel level,
+                                                           TextLineComposer<char> *composer);
+
+namespace Private {
+
+/** Writes @p text to @p stream in UTF-8, after a blank when the line holds text already. */
+QUENDACORE_EXPORT void printQString(std::ostream &stream, const QString &text, bool lineHasText);
+
+} // namespace Private
+
+} // namespace Quenda

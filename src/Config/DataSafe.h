@@ -1,0 +1,36 @@
+#pragma once
+
+#include <Help/AbstractDataSafe.h>
+
+#include <QMap>
+
+namespace Quenda::Kit {
+
+/**
+ * The configuration store: an ordered map from name to text.
+ *
+ * Give it to a boost::shared_ptr as a DataSafe at once, so that the handle destroys the right type.
+ * The typed getters read through the virtual getString(); a class derived from this one that
+ * overrides getString() thereby changes them all.
+ */
+class QUENDAHELP_EXPORT DataSafe : public Help::AbstractDataSafe
+{
+public:
+    /** An empty store. */
+    DataSafe();
+
+    QString getString(const QString &name, bool *ok = nullptr) const override;
+    QStringList getStringList(const QString &name, bool *ok = nullptr) const override;
+    bool getBool(const QString &name, bool *ok = nullptr) const override;
+    double getDouble(const QString &name, bool *ok = nullptr) const override;
+    int getInt(const QString &name, bool *ok = nullptr) const override;
+    void put(const QString &name, const QString &value) override;
+
+    /** Removes every entry. */
+    void clear();
+
+private:
+    QMap<QString, QString> entries;
+};
+
+} // namespace Quenda::Kit

@@ -1,0 +1,211 @@
+#include "Config/DataSafe.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+
+using Quenda::Help::AbstractDataSafe;
+using Quenda::Kit::DataSafe;
+
+namespace {
+
+const QString name = QStringLiteral("name");
+constexpr int wrapped = std::numeric_limits<int>::min();
+
+// Calls a getter with a flag preset to either value, and once without, and returns the flag.
+template <typename Result>
+bool flagOf(const AbstractDataSafe &store,
+            Result (AbstractDataSafe::*getter)(const QString &, bool *) const)
+{
+    bool first = true;
+    bool second = false;
+    (store.*getter)(name, &first);
+    (store.*getter)(name, &second);
+    (store.*getter)(name, nullptr);
+    if (first != second)
+        qFatal("the flag was not written");
+    return first;
+}
+
+class Overriding : public DataSafe
+{
+public:
+    QString getString(const QString &, bool *ok) const override
+    {
+        *ok = true;
+        return QStringLiteral("2");
+    }
+    double getDouble(const QString &, bool *) const override { return 99; }
+};
+
+} // namespace
+
+class DataSafeTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void numbers_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<double>("asDouble");
+        QTest::addColumn<int>("asInt");
+
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        const auto row = [](const char *text, double asDouble, int asInt) {
+            QTest::addRow("\"%s\"", text) << QString::fromUtf8(text) << true << asDouble << asInt;
+        };
+        const auto badRow = [](const char *text) {
+            QTest::addRow("\"%s\"", text) << QString::fromUtf8(text) << false << 0.0 << 0;
+        };
+        row("-1", -1, -1);
+        row(" 2.5\t", 2.5, 2);
+        row("7.99", 7.99, 7);
+        row("-3.9", -3.9, -3);
+        row("-0.5", -0.5, 0);
+        row("1e3", 1000, 1000);
+        row("2147483647.9", 2147483647.9, 2147483647);
+        row("2147483648", 2147483648.0, wrapped);
+        row("-2147483648.9", -2147483648.9, wrapped);
+        row("-2147483649", -2147483649.0, wrapped);
+        row("1e10", 1e10, wrapped);
+        row("-1e10", -1e10, wrapped);
+        row("inf", infinity, wrapped);
+        row("-inf", -infinity, wrapped);
+        row("nan", std::nan(""), wrapped);
+        badRow("1e400");
+        badRow("2,5");
+        badRow("2.5x");
+        badRow("1,000");
+        badRow("0x10");
+        badRow("");
+    }
+
+    void numbers()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, ok);
+        DataSafe store;
+        store.put(name, text);
+        QTEST(store.getDouble(name), "asDouble");
+        QTEST(store.getInt(name), "asInt");
+        QCOMPARE(flagOf(store, &AbstractDataSafe::getDouble), ok);
+        QCOMPARE(flagOf(store, &AbstractDataSafe::getInt), ok);
+    }
+
+    void flags_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<bool>("value");
+        QTest::addRow("true") << QStringLiteral("true") << true << true;
+        QTest::addRow("false") << QStringLiteral("false") << true << false;
+        QTest::addRow("capital") << QStringLiteral("True") << false << false;
+        QTest::addRow("upper case") << QStringLiteral("FALSE") << false << false;
+        QTest::addRow("digit") << QStringLiteral("1") << false << false;
+        QTest::addRow("leading blank") << QStringLiteral(" true") << false << false;
+        QTest::addRow("trailing line break") << QStringLiteral("true\n") << false << false;
+        QTest::addRow("longer") << QStringLiteral("truer") << false << false;
+        QTest::addRow("empty") << QString() << false << false;
+    }
+
+    void flags()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, ok);
+        DataSafe store;
+        store.put(name, text);
+        QTEST(store.getBool(name), "value");
+        QCOMPARE(flagOf(store, &AbstractDataSafe::getBool), ok);
+    }
+
+    void lists_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("items");
+        const QString alpha = QStringLiteral("alpha");
+        const QString beta = QStringLiteral("beta");
+        QTest::addRow("runs of blanks")
+            << QStringLiteral("  alpha   beta ") << QStringList {alpha, beta};
+        QTest::addRow("tab and line break") << QStringLiteral("alpha\tbeta\n alpha")
+                                            << QStringList {QStringLiteral("alpha\tbeta\n"), alpha};
+        QTest::addRow("no-break space")
+            << QStringLiteral("a\u00a0b") << QStringList {QStringLiteral("a\u00a0b")};
+        QTest::addRow("blanks only") << QStringLiteral("   ") << QStringList();
+        QTest::addRow("empty") << QString() << QStringList();
+    }
+
+    void lists()
+    {
+        QFETCH(QString, text);
+        DataSafe store;
+        store.put(name, text);
+        QTEST(store.getStringList(name), "items");
+        QVERIFY(flagOf(store, &AbstractDataSafe::getStringList));
+    }
+
+    void missingEntries()
+    {
+        DataSafe store;
+        store.put(QStringLiteral("Name"), QStringLiteral("1"));
+        store.put(name, QStringLiteral("1"));
+        store.clear();
+        store.put(QStringLiteral("NAME"), QStringLiteral("1"));
+
+        QVERIFY(store.getString(name).isEmpty() && !store.getString(name).isNull());
+        QCOMPARE(store.getStringList(name), QStringList());
+        QCOMPARE(store.getBool(name), false);
+        QCOMPARE(store.getDouble(name), 0.0);
+        QCOMPARE(store.getInt(name), 0);
+        QVERIFY(!flagOf(store, &AbstractDataSafe::getString));
+        QVERIFY(!flagOf(store, &AbstractDataSafe::getStringList));
+        QVERIFY(!flagOf(store, &AbstractDataSafe::getBool));
+        QVERIFY(!flagOf(store, &AbstractDataSafe::getDouble));
+        QVERIFY(!flagOf(store, &AbstractDataSafe::getInt));
+    }
+
+    void textsAreKeptAsTheyAre()
+    {
+        const QString value = QStringLiteral(" \te\u0301 \U0001f9f5\n");
+        DataSafe store;
+        store.put(QString(), QStringLiteral("1"));
+        store.put(QString(), value);
+        bool ok = false;
+        QCOMPARE(store.getString(QStringLiteral(""), &ok), value);
+        QVERIFY(ok);
+    }
+
+    void typedGettersReadThroughGetString()
+    {
+        const Overriding store;
+        QCOMPARE(store.getStringList(name), QStringList(QStringLiteral("2")));
+        QCOMPARE(store.getInt(name), 2); // not by way of the overridden getDouble()
+        QCOMPARE(store.DataSafe::getDouble(name), 2.0);
+        QCOMPARE(flagOf(store, &AbstractDataSafe::getBool), false);
+    }
+
+    // The leak checker sees the rest: the entries of a store that was not destroyed as what it is.
+    void theLastHandleDestroysTheConcreteStore()
+    {
+        struct Watched : DataSafe
+        {
+            explicit Watched(bool *flag) : destroyed(flag) { }
+            ~Watched() { *destroyed = true; }
+            bool *destroyed;
+        };
+        bool destroyed = false;
+        boost::shared_ptr<AbstractDataSafe> handle(new Watched(&destroyed));
+        boost::shared_ptr<AbstractDataSafe> copy = handle;
+        handle.reset();
+        QVERIFY(!destroyed);
+        copy.reset();
+        QVERIFY(destroyed);
+    }
+};
+
+QTEST_GUILESS_MAIN(DataSafeTest)
+#include "DataSafeTest.moc"

@@ -1,0 +1,137 @@
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+
+struct Outcome
+{
+    int status = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Outcome runHost(const QStringList &arguments)
+{
+    QProcess host;
+    host.start(QStringLiteral(QUENDA_HOST), arguments);
+    if (!host.waitForFinished() || host.exitStatus() != QProcess::NormalExit)
+        qFatal("the host did not run to its end");
+    return {host.exitCode(), host.readAllStandardOutput(), host.readAllStandardError()};
+}
+
+} // namespace
+
+class HostTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void report()
+    {
+        const Outcome outcome = runHost({QStringLiteral("lorvan")});
+        QCOMPARE(outcome.status, 0);
+        QVERIFY(outcome.errors.isEmpty());
+
+        QStringList rows;
+        for (const QString &line : QString::fromUtf8(outcome.output).split(QLatin1Char('\n')))
+            rows += line.simplified();
+        QVERIFY(rows.contains(QStringLiteral("filePassword (empty) text")));
+        QVERIFY(rows.contains(QStringLiteral("fileOpenDomains all list")));
+        QVERIFY(rows.contains(QStringLiteral("maxPieceCount -1 number")));
+        QVERIFY(rows.contains(QStringLiteral("toolEnabled false flag")));
+        QVERIFY(rows.contains(
+            QStringLiteral("quenda_file_key 0%1k text").arg(QString(62, QLatin1Char('*')))));
+        QVERIFY(rows.filter(QStringLiteral("autoMarkerEnabled")).isEmpty());
+        QVERIFY(!rows.filter(QRegularExpression(QStringLiteral(
+                                 "^tools \\d+ bytes 4 tool boxes, 9 tool bars, 0 keys$")))
+                     .isEmpty());
+        QVERIFY(!rows.filter(QRegularExpression(
+                                 QStringLiteral("^menus \\d+ bytes 19 menus, 93 actions$")))
+                     .isEmpty());
+    }
+
+    // Every entry that a document holds is one that the report knows.
+    void reportIsComplete_data()
+    {
+        QTest::addColumn<QString>("product");
+        QTest::addRow("lorvan") << QStringLiteral("lorvan");
+        QTest::addRow("tesmar") << QStringLiteral("tesmar");
+    }
+
+    void reportIsComplete()
+    {
+        QFETCH(QString, product);
+        QFile document(QStringLiteral(DOCUMENTS "/%1/confs.xml").arg(product));
+        QVERIFY(document.open(QIODevice::ReadOnly));
+        const QByteArray output = runHost({product}).output;
+        const QString text = QString::fromUtf8(document.readAll());
+        auto names = QRegularExpression(QStringLiteral("name=\"(\\w+)\"")).globalMatch(text);
+        QVERIFY(names.hasNext());
+        while (names.hasNext())
+            QVERIFY(output.contains('\n' + names.next().captured(1).toUtf8() + ' '));
+    }
+
+    void documentsByteForByte_data()
+    {
+        QTest::addColumn<QString>("product");
+        QTest::addColumn<QString>("document");
+        for (const QString &product : {QStringLiteral("lorvan"), QStringLiteral("tesmar")})
+            for (const QString &document : {QStringLiteral("tools"), QStringLiteral("menus")})
+                QTest::addRow("%s %s", qPrintable(product), qPrintable(document))
+                    << product << document;
+    }
+
+    void documentsByteForByte()
+    {
+        QFETCH(QString, product);
+        QFETCH(QString, document);
+        QFile file(QStringLiteral(DOCUMENTS "/%1/%2.xml").arg(product, document));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const Outcome outcome = runHost({product, QStringLiteral("--document"), document});
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.output, file.readAll());
+    }
+
+    void commandLine_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("output");
+        QTest::addColumn<QString>("error"); // a part of the one line
+        const auto row = [](const char *arguments, int status, const char *output,
+                            const char *error) {
+            QTest::addRow("%s", arguments) << QString::fromUtf8(arguments) << status
+                                           << QString::fromUtf8(output) << QString::fromUtf8(error);
+        };
+        row("lorvan --entry fileSaveDomain", 0, "entp\n", "");
+        row("TESMAR --entry filePassword", 0, "\n", "");
+        row("lorvan --entry optimizeEnabled", 1, "", "no entry \"optimizeEnabled\"");
+        row("other", 1, "", "no configuration for product \"other\"; there are: lorvan, tesmar");
+        row("other --entry fileSaveDomain", 1, "", "no configuration for product \"other\"");
+        row("lorvan --document confs", 2, "", "no document \"confs\"; there are: tools, menus");
+        row("lorvan --entry a --document tools", 2, "", "exclude each other");
+        row("lorvan --unknown", 2, "", "Unknown option 'unknown'");
+        row("lorvan --entry", 2, "", "Missing value after '--entry'");
+        row("", 2, "", "needs one product");
+        row("lorvan tesmar", 2, "", "needs one product");
+    }
+
+    void commandLine()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, error);
+        const Outcome outcome = runHost(arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+        QTEST(outcome.status, "status");
+        QTEST(QString::fromUtf8(outcome.output), "output");
+        if (error.isEmpty()) {
+            QVERIFY(outcome.errors.isEmpty());
+        } else {
+            QVERIFY(outcome.errors.startsWith("error: "));
+            QVERIFY2(outcome.errors.contains(error.toUtf8()), outcome.errors.constData());
+            QCOMPARE(outcome.errors.count('\n'), 1);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(HostTest)
+#include "HostTest.moc"

@@ -7,6 +7,9 @@ target_compile_features(QuendaBuildOptions INTERFACE cxx_std_17)
 target_compile_options(QuendaBuildOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wundef -Wcast-align -Wcast-qual -Wformat=2
     -Wold-style-cast -Woverloaded-virtual -Wsuggest-override)
+# The same choice, seen from boost::shared_ptr: the handle deletes the store as the concrete type.
+target_compile_options(QuendaBuildOptions INTERFACE
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
 target_compile_definitions(QuendaBuildOptions INTERFACE
     QT_NO_CAST_FROM_ASCII
     QT_NO_CAST_TO_ASCII

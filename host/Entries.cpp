@@ -27,7 +27,7 @@ const QVector<KnownEntry> &knownEntries()
         {QStringLiteral("lockinMarkerEnabled"), EntryType::Flag},
         {QStringLiteral("optimizeEnabled"), EntryType::Flag},
         {QStringLiteral("toolEnabled"), EntryType::Flag},
-        {fileKeyEntry, EntryType::Text},
+        {QLatin1String(fileKeyEntry), EntryType::Text},
     };
     return entries;
 }

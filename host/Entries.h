@@ -25,4 +25,4 @@ const QVector<KnownEntry> &knownEntries();
 QString entryTypeName(EntryType type);
 
 /** The entry that holds the key of the host's document files. */
-inline const QString fileKeyEntry = QStringLiteral("quenda_file_key");
+constexpr char fileKeyEntry[] = "quenda_file_key";

@@ -42,7 +42,7 @@ QString valueForPeople(const AbstractDataSafe &store, const KnownEntry &entry)
         Logger::logWarn(QStringLiteral("entry \"%1\" holds \"%2\", which is no %3")
                             .arg(entry.name, value, entryTypeName(entry.type)));
     }
-    if (entry.name == fileKeyEntry && value.size() > 2)
+    if (entry.name == QLatin1String(fileKeyEntry) && value.size() > 2)
         value = value.front() + QString(value.size() - 2, QLatin1Char('*')) + value.back();
     return value.isEmpty() ? QStringLiteral("(empty)") : value;
 }

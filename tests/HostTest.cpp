@@ -114,6 +114,17 @@ private Q_SLOTS:
         row("lorvan --entry", 2, "", "Missing value after '--entry'");
         row("", 2, "", "needs one product");
         row("lorvan tesmar", 2, "", "needs one product");
+        row("--check none", 2, "", "\"none\" is neither a file nor a product");
+        row("--check lorvan --entry a", 2, "", "exclude each other");
+#ifdef QUENDAHOST_SURFACE
+        row("lorvan --menu menuFile", 2, "", "need --window or --screenshot");
+        row("lorvan --state 0x31 --screenshot s.png", 2, "",
+            "no state \"0x31\"; there are: 0x11, ");
+        row("tesmar --state x --screenshot s.png", 2, "", "no state \"x\"; there are: 0x01, ");
+        row("tesmar --menu menuNone --screenshot s.png", 2, "", "no menu \"menuNone\"");
+        row("tesmar --screenshot missing/s.png", 2, "", "cannot write missing/s.png");
+        row("none --screenshot s.png", 1, "", "no configuration");
+#endif
     }
 
     void commandLine()
@@ -131,6 +142,45 @@ private Q_SLOTS:
             QCOMPARE(outcome.errors.count('\n'), 1);
         }
     }
+
+    void checkOfDocuments()
+    {
+        const Outcome shipped = runHost({QStringLiteral("--check")});
+        QCOMPARE(shipped.status, 0);
+        QVERIFY2(shipped.output.contains("\nDocuments: 6, faults: 0, remarks: "),
+                 shipped.output.constData());
+
+        // In the folder of a product, the masks are that product's: tesmar has no bit 0x40.
+        QTemporaryDir directory;
+        const QString path = directory.filePath(QStringLiteral("tesmar/tools.xml"));
+        QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("tesmar")));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<quendaconfig xmlns:xlink=\"http://www.w3.org/1999/xlink\">\n"
+                   "<toolbar id=\"a\" title=\"A\" mode=\"0x20\"/>\n"
+                   "<toolbar id=\"b\" title=\"B\" mode=\"0x40\"/></quendaconfig>");
+        file.close();
+        const Outcome edited = runHost({QStringLiteral("--check"), path});
+        QCOMPARE(edited.status, 1);
+        QVERIFY2(edited.output.startsWith(path.toUtf8() + ":3: fault: no state meets"),
+                 edited.output.constData());
+        QVERIFY(edited.output.endsWith("\nDocuments: 1, faults: 1, remarks: 0\n"));
+        QVERIFY(edited.errors.isEmpty());
+    }
+
+#ifdef QUENDAHOST_SURFACE
+    void screenshot()
+    {
+        QTemporaryDir directory;
+        const QString path = directory.filePath(QStringLiteral("surface.png"));
+        const Outcome outcome =
+            runHost({QStringLiteral("tesmar"), QStringLiteral("--state"), QStringLiteral("0x10"),
+                     QStringLiteral("--screenshot"), path});
+        QCOMPARE(outcome.status, 0);
+        QVERIFY2(outcome.errors.isEmpty(), outcome.errors.constData());
+        QVERIFY(QFileInfo(path).size() > 1000);
+    }
+#endif
 };
 
 QTEST_GUILESS_MAIN(HostTest)

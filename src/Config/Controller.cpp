@@ -17,7 +17,7 @@ namespace {
 
 // What every product's document files are locked with; applications know it under
 // "quenda_file_key".
-constexpr QLatin1String fileKey("0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk");
+constexpr char fileKey[] = "0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk";
 
 QString resourcePath(const QString &pattern, ConnectorImpl *connector)
 {
@@ -59,7 +59,7 @@ boost::shared_ptr<AbstractDataSafe> createDataSafe()
                      resourcePath(QStringLiteral(":/widgets/%1/menus.xml"), connector)))
         return {};
     putEntries(*store, resourcePath(QStringLiteral(":/widgets/%1/confs.xml"), connector));
-    store->put(QStringLiteral("quenda_file_key"), fileKey);
+    store->put(QStringLiteral("quenda_file_key"), QLatin1String(fileKey));
     return store;
 }
 

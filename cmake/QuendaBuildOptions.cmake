@@ -3,7 +3,6 @@
 # -Wnon-virtual-dtor is left out on purpose: the interfaces and visitors have no virtual destructor,
 # because an additional slot would break the applications that are already built against them.
 add_library(QuendaBuildOptions INTERFACE)
-target_compile_features(QuendaBuildOptions INTERFACE cxx_std_17)
 target_compile_options(QuendaBuildOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wundef -Wcast-align -Wcast-qual -Wformat=2
     -Wold-style-cast -Woverloaded-virtual -Wsuggest-override)

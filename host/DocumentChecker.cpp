@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <vector>
 
 namespace {
 
@@ -100,12 +101,12 @@ QString listed(const QStringList &names)
     return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));
 }
 
-QVector<QDomElement> children(const QDomElement &parent, const QString &tag = QString())
+std::vector<QDomElement> children(const QDomElement &parent, const QString &tag = QString())
 {
-    QVector<QDomElement> result;
+    std::vector<QDomElement> result;
     for (auto child = parent.firstChildElement(tag); !child.isNull();
          child = child.nextSiblingElement(tag))
-        result.append(child);
+        result.push_back(child);
     return result;
 }
 
@@ -257,7 +258,7 @@ public:
         checkShape(root, toolRules);
         expectAttribute(root, "xmlns:xlink", "http://www.w3.org/1999/xlink");
         for (const QDomElement &module : children(root, QStringLiteral("module")))
-            allModules.insert(attribute(module, "id"));
+            allModules.append(attribute(module, "id"));
         QSet<QString> barIds;
         for (const QDomElement &element : children(root)) {
             const QString tag = element.tagName();
@@ -295,7 +296,7 @@ private:
         if (!reference.startsWith(QLatin1Char('#')) || !allModules.contains(id))
             fault(element,
                   QStringLiteral("\"xlink:href\" is \"%1\", which is no module; expected: #%2")
-                      .arg(reference, allModules.values().join(QLatin1String(", #"))));
+                      .arg(reference, allModules.join(QLatin1String(", #"))));
         else if (!modules.contains(id))
             fault(element,
                   QStringLiteral("module \"%1\" stands later; expected before its first use")
@@ -404,7 +405,7 @@ private:
     }
 
     const QVector<HostState> &states;
-    QSet<QString> allModules;
+    QStringList allModules;
     QSet<QString> modules; // those that stand before the present element
 };
 
@@ -419,12 +420,12 @@ public:
             name != QLatin1String("menubar"))
             fault(root, QStringLiteral("<class> is \"%1\"; expected \"menubar\"").arg(name));
 
-        const QVector<QDomElement> bars = children(root, QStringLiteral("widget"));
+        const std::vector<QDomElement> bars = children(root, QStringLiteral("widget"));
         if (bars.size() != 1) {
             fault(root, QStringLiteral("%1 menu bars; expected one <widget>").arg(bars.size()));
             return;
         }
-        const QDomElement &bar = bars.first();
+        const QDomElement &bar = bars.front();
         expectAttribute(bar, "class", "QMenuBar");
         expectAttribute(bar, "name", "menubar");
         for (const QDomElement &action : children(bar, QStringLiteral("action")))

@@ -16,7 +16,6 @@
 #include <QUiLoader>
 
 #include <algorithm>
-#include <memory>
 
 namespace {
 
@@ -64,7 +63,7 @@ public:
     ToolBoxGrid(const ToolDocument::ToolBox &toolBox, const ToolDocument &document) : box(toolBox)
     {
         auto *buttons = new QButtonGroup(this);
-        for (const ToolDocument::Item &item : box.items) {
+        for (const ToolDocument::Item &item : qAsConst(box.items)) {
             if (item.isSeparator()) {
                 auto *line = new QFrame(this);
                 line->setFrameStyle(int(QFrame::HLine) | int(QFrame::Sunken));
@@ -121,17 +120,13 @@ QMenuBar *loadMenuBar(const QString &text, QString *error)
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QUiLoader loader;
-    std::unique_ptr<QWidget> widget(loader.load(&buffer));
-    if (!widget) {
-        *error = loader.errorString();
-        return nullptr;
-    }
-    auto *menuBar = qobject_cast<QMenuBar *>(widget.get());
+    QWidget *widget = loader.load(&buffer);
+    auto *menuBar = qobject_cast<QMenuBar *>(widget);
     if (!menuBar) {
-        *error = QStringLiteral("the document holds no menu bar");
+        *error = widget ? QStringLiteral("the document holds no menu bar") : loader.errorString();
+        delete widget;
         return nullptr;
     }
-    widget.release();
     menuBar->setNativeMenuBar(false);
     return menuBar;
 }
@@ -308,22 +303,22 @@ void SurfaceWindow::openMenu(QMenu *menu)
 
 QImage SurfaceWindow::picture()
 {
-    QMap<const QMenu *, QPixmap> openMenus;
+    QVector<std::pair<QPoint, QPixmap>> openMenus;
     QRect area = rect();
-    for (QMenu *menu : menuBar()->findChildren<QMenu *>()) {
+    const auto menus = menuBar()->findChildren<QMenu *>();
+    for (QMenu *menu : menus) {
         if (!menu->isVisible())
             continue;
-        const QPixmap pixmap = menu->grab();
-        openMenus.insert(menu, pixmap);
-        area |= QRect(placeOf(menu), pixmap.size());
+        openMenus.append({placeOf(menu), menu->grab()});
+        area |= QRect(openMenus.constLast().first, openMenus.constLast().second.size());
     }
 
     QImage image(area.size(), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.drawPixmap(-area.topLeft(), grab());
-    for (auto menu = openMenus.cbegin(); menu != openMenus.cend(); ++menu)
-        painter.drawPixmap(placeOf(menu.key()) - area.topLeft(), *menu);
+    for (const auto &[place, pixmap] : qAsConst(openMenus))
+        painter.drawPixmap(place - area.topLeft(), pixmap);
     return image;
 }
 

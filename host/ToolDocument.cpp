@@ -44,7 +44,7 @@ quint32 mode(const QDomElement &element)
 QString module(const QDomElement &element, const ToolDocument &document)
 {
     const QString reference = element.attribute(QStringLiteral("xlink:href"));
-    const QString id = reference.mid(1);
+    QString id = reference.mid(1);
     if (!reference.startsWith(QLatin1Char('#')) || !document.modules.contains(id))
         fail(element,
              QStringLiteral("refers to \"%1\", which is no module before it").arg(reference));

@@ -135,7 +135,7 @@ struct CommandLine
 
     bool has(const QCommandLineOption &option) const
     {
-        return parser.optionNames().contains(option.names().last());
+        return parser.optionNames().contains(option.names().constLast());
     }
 
     bool wantsSurface() const
@@ -166,7 +166,8 @@ struct Document
 std::optional<QVector<Document>> documentsToCheck(const QStringList &names)
 {
     QVector<Document> documents;
-    for (const QString &name : names.isEmpty() ? products() : names) {
+    const QStringList wanted = names.isEmpty() ? products() : names;
+    for (const QString &name : wanted) {
         if (products().contains(name.toLower())) {
             for (const char *file : {"confs.xml", "tools.xml", "menus.xml"})
                 documents.append(
@@ -308,7 +309,7 @@ int run(CommandLine &line)
         return fail(wrongUsage,
                     QStringLiteral("needs one product (%1); see --help").arg(allProducts()));
 
-    const QString product = names.first();
+    const QString &product = names.first();
     const boost::shared_ptr<AbstractDataSafe> store = startUp(product);
     if (!store)
         return fail(notFound, QStringLiteral("no configuration for product \"%1\"; there are: %2")

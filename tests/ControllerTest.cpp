@@ -89,7 +89,7 @@ private Q_SLOTS:
         row("plain", "oddentries", "plain", QStringLiteral("1"));
         row("not a child of the root", "oddentries", "nested", QString());
         row("no name", "oddentries", "", QStringLiteral("nameless"));
-        row("no text", "oddentries", "empty", QStringLiteral(""));
+        row("no text", "oddentries", "empty", QString(QLatin1String("")));
         row("name used twice", "oddentries", "twice", QStringLiteral("second"));
         row("other tag name", "oddentries", "capital", QString());
         row("all text inside", "oddentries", "outer", QStringLiteral("ab<c>"));

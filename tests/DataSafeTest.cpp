@@ -175,7 +175,7 @@ private Q_SLOTS:
         store.put(QString(), QStringLiteral("1"));
         store.put(QString(), value);
         bool ok = false;
-        QCOMPARE(store.getString(QStringLiteral(""), &ok), value);
+        QCOMPARE(store.getString(QString(QLatin1String("")), &ok), value);
         QVERIFY(ok);
     }
 

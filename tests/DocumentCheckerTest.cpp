@@ -15,7 +15,8 @@ QVector<HostState> lorvanStates()
 QString faultsOf(DocumentKind kind, const QByteArray &content)
 {
     QStringList faults;
-    for (const Finding &finding : checkDocument(kind, content, lorvanStates()))
+    const auto findings = checkDocument(kind, content, lorvanStates());
+    for (const Finding &finding : findings)
         if (finding.severity == Finding::Fault)
             faults += QStringLiteral("%1: %2").arg(finding.line).arg(finding.text);
     return faults.join(QLatin1Char('\n'));

@@ -33,7 +33,8 @@ private Q_SLOTS:
         QVERIFY(outcome.errors.isEmpty());
 
         QStringList rows;
-        for (const QString &line : QString::fromUtf8(outcome.output).split(QLatin1Char('\n')))
+        const QStringList lines = QString::fromUtf8(outcome.output).split(QLatin1Char('\n'));
+        for (const QString &line : lines)
             rows += line.simplified();
         QVERIFY(rows.contains(QStringLiteral("filePassword (empty) text")));
         QVERIFY(rows.contains(QStringLiteral("fileOpenDomains all list")));

@@ -2,7 +2,7 @@
 
 #include <QuendaCore/DefaultLogger.h>
 
-#include <QMutex>
+#include <QScopeGuard>
 #include <QtTest>
 
 #include <memory>
@@ -10,7 +10,6 @@
 #include <thread>
 #include <vector>
 
-using Quenda::DefaultLogger;
 using Quenda::LogLevel;
 using Quenda::setDefaultLogger;
 using Quenda::TextLineComposer;
@@ -142,12 +141,14 @@ private Q_SLOTS:
         errors.stream << "held";
         ThrowingBuffer buffer;
         std::ios &stream = errors.stream;
-        std::streambuf *own = stream.rdbuf(&buffer);
+        const auto restore = qScopeGuard([&stream, own = stream.rdbuf()] {
+            stream.exceptions(std::ios::goodbit);
+            stream.rdbuf(own);
+        });
+        stream.rdbuf(&buffer);
         stream.exceptions(std::ios::badbit);
         LogEvent record(LogLevel::Error, QStringLiteral("text"));
         QVERIFY_EXCEPTION_THROWN(Logger::instance()->event(&record), std::runtime_error);
-        stream.exceptions(std::ios::goodbit);
-        stream.rdbuf(own);
         QVERIFY(lines == (Lines {{LogLevel::Error, "held"}}));
         QVERIFY(errors.atLineStart);
     }
@@ -180,6 +181,7 @@ private Q_SLOTS:
         constexpr int threads = 8;
         constexpr int records = 5000;
         std::vector<std::thread> producers;
+        producers.reserve(threads);
         for (int thread = 0; thread < threads; ++thread)
             producers.emplace_back([thread] {
                 for (int record = 0; record < records; ++record) {

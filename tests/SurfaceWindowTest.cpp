@@ -42,7 +42,8 @@ template <typename Widget>
 QList<Widget *> visible(const QWidget *parent)
 {
     QList<Widget *> widgets;
-    for (Widget *widget : parent->findChildren<Widget *>())
+    const auto all = parent->findChildren<Widget *>();
+    for (Widget *widget : all)
         if (widget->isVisible())
             widgets += widget;
     return widgets;
@@ -52,7 +53,8 @@ QList<Widget *> visible(const QWidget *parent)
 QDockWidget *toolDock(const SurfaceWindow &window)
 {
     QDockWidget *found = nullptr;
-    for (QDockWidget *dock : visible<QDockWidget>(&window)) {
+    const auto docks = visible<QDockWidget>(&window);
+    for (QDockWidget *dock : docks) {
         if (dock->objectName() == QLatin1String("keypad"))
             continue;
         if (found)
@@ -65,7 +67,8 @@ QDockWidget *toolDock(const SurfaceWindow &window)
 QStringList visibleBars(const SurfaceWindow &window)
 {
     QStringList ids;
-    for (const QToolBar *bar : visible<QToolBar>(&window))
+    const auto bars = visible<QToolBar>(&window);
+    for (const QToolBar *bar : bars)
         ids += bar->objectName();
     return ids;
 }
@@ -120,25 +123,28 @@ private Q_SLOTS:
         QFETCH(quint32, state);
         const auto window = surface(product);
         // By way of every other state, which must leave nothing behind.
-        for (const HostState &other : hostStates(product))
+        const auto others = hostStates(product);
+        for (const HostState &other : others)
             window->setState(other.code);
         window->setState(state);
         QCoreApplication::processEvents();
 
         QWidget *box = toolDock(*window)->widget();
         QSet<int> rows;
-        for (const QToolButton *button : visible<QToolButton>(box)) {
+        const auto buttons = visible<QToolButton>(box);
+        for (const QToolButton *button : buttons) {
             rows += button->y();
             QVERIFY2(button->width() >= button->sizeHint().width(), qPrintable(button->text()));
         }
         QTEST(visible<QToolButton>(box).size(), "tools");
         QTEST(rows.size(), "rows");
-        QList<QFrame *> lines = visible<QFrame>(box);
+        const QList<QFrame *> lines = visible<QFrame>(box);
         QTEST(lines.size(), "lines");
         for (const QFrame *line : lines)
             QCOMPARE(line->width(), box->contentsRect().width() - 2);
         QTEST(visibleBars(*window).join(QLatin1Char(' ')), "bars");
-        for (const QToolBar *bar : visible<QToolBar>(window.get()))
+        const auto bars = visible<QToolBar>(window.get());
+        for (const QToolBar *bar : bars)
             QVERIFY2(bar->width() >= bar->sizeHint().width(), qPrintable(bar->objectName()));
     }
 
@@ -161,7 +167,8 @@ private Q_SLOTS:
                  QStringLiteral("ruler\ngroup: ruler\nlibrary: %LIBRARY%/PatternTool"));
         QVERIFY(ruler->styleSheet().startsWith(QLatin1String("*{border-style:solid")));
         QStringList breaks;
-        for (QToolBar *bar : window->findChildren<QToolBar *>())
+        const auto bars = window->findChildren<QToolBar *>();
+        for (QToolBar *bar : bars)
             if (window->toolBarBreak(bar))
                 breaks += bar->objectName();
         QCOMPARE(breaks, QStringList(QStringLiteral("tbsegm")));
@@ -209,17 +216,18 @@ private Q_SLOTS:
         QFETCH(QString, emptyMenus);
         QFETCH(QString, unplaced);
         QString error;
-        const QString menus = text(product, "menubar");
+        const QString menuText = text(product, "menubar");
         warnings = 0;
         const QtMessageHandler previous = qInstallMessageHandler(countWarnings);
-        const std::unique_ptr<QMenuBar> menuBar(loadMenuBar(menus, &error));
+        const std::unique_ptr<QMenuBar> menuBar(loadMenuBar(menuText, &error));
         qInstallMessageHandler(previous);
         QVERIFY2(menuBar, qPrintable(error));
         QCOMPARE(warnings, 0);
 
         QTEST(menuBar->findChildren<QMenu *>().size(), "menus");
         QSet<QString> empty;
-        for (const QMenu *menu : menuBar->findChildren<QMenu *>())
+        const auto menus = menuBar->findChildren<QMenu *>();
+        for (const QMenu *menu : menus)
             if (menu->isEmpty())
                 empty += menu->objectName();
         const QStringList expectedEmpty = emptyMenus.split(QLatin1Char(' '));
@@ -227,7 +235,8 @@ private Q_SLOTS:
 
         int actions = 0;
         QSet<QString> withoutAPlace;
-        for (const QAction *action : menuBar->findChildren<QAction *>()) {
+        const auto all = menuBar->findChildren<QAction *>();
+        for (const QAction *action : all) {
             if (!action->objectName().startsWith(QLatin1String("action")))
                 continue;
             ++actions;

@@ -12,7 +12,6 @@ class QUENDAHELP_EXPORT AbstractController : public QObject
     Q_OBJECT
 
 public:
-    AbstractController();
     ~AbstractController() override;
 
     /** Builds the configuration and hands it to the host; see Controller::startUp(). */

@@ -48,7 +48,7 @@ void putEntries(AbstractDataSafe &store, const QString &path)
 boost::shared_ptr<AbstractDataSafe> createDataSafe()
 {
     ConnectorImpl *connector = ConnectorImpl::instance();
-    const boost::shared_ptr<AbstractDataSafe> store(new Kit::DataSafe);
+    boost::shared_ptr<AbstractDataSafe> store(new Kit::DataSafe);
 
     // The framework may answer differently from one document to the next, so it is asked before
     // each.
@@ -64,8 +64,6 @@ boost::shared_ptr<AbstractDataSafe> createDataSafe()
 }
 
 } // namespace
-
-AbstractController::AbstractController() = default;
 
 AbstractController::~AbstractController() = default;
 

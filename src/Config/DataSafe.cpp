@@ -21,7 +21,7 @@ QString DataSafe::getString(const QString &name, bool *ok) const
     const auto entry = entries.constFind(name);
     const bool found = entry != entries.constEnd();
     report(ok, found);
-    return found ? *entry : QStringLiteral("");
+    return found ? *entry : QString(QLatin1String(""));
 }
 
 QStringList DataSafe::getStringList(const QString &name, bool *ok) const

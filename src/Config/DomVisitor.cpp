@@ -15,7 +15,7 @@ QString DomVisitor::visit(const QString &text)
         return message;
     }
     visit(document.documentElement());
-    return QStringLiteral("");
+    return QLatin1String("");
 }
 
 DomVisitor::VisitCmd DomVisitor::visit(const QDomElement &element)

@@ -36,11 +36,12 @@ QString Utils::toMD5String(const QString &text)
         QCryptographicHash::hash(text.toLatin1(), QCryptographicHash::Md5).toHex());
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts are built against this signature
 QString Utils::readChildEleText(const QDomElement &parent, QString name, bool &found)
 {
     const QDomElement child = parent.firstChildElement(name);
     found = !child.isNull();
-    return found ? child.text() : QStringLiteral("");
+    return found ? child.text() : QString(QLatin1String(""));
 }
 
 } // namespace Quenda::Kit

@@ -48,9 +48,8 @@ public:
     /**
      * The text of @p parent's first child element named @p name, or of its first child element of
      * any name when @p name is empty: all text and CDATA below it, untrimmed. Only direct children
-     * count.
+     * count. @p found is written in every case: whether there is such a child.
      *
-     * @param found  Written in every case: whether there is such a child.
      * @return The text, empty but never null when there is no such child or no text in it.
      */
     static QString readChildEleText(const QDomElement &parent, QString name, bool &found);

@@ -30,7 +30,7 @@ TextLineComposer<char> **composerOf(LogLevel level)
         StandardErrorComposer("warning"), StandardErrorComposer("info"),
         StandardErrorComposer("debug")};
     static std::array<TextLineComposer<char> *, 5> current {
-        &standard[0], &standard[1], &standard[2], &standard[3], &standard[4]};
+        standard.data(), &standard[1], &standard[2], &standard[3], &standard[4]};
 
     const auto index = static_cast<std::size_t>(level) - static_cast<std::size_t>(LogLevel::Fatal);
     return index < current.size() ? &current[index] : nullptr;

@@ -1,0 +1,117 @@
+#include "Figures.h"
+
+#include "Util/Logger.h"
+
+#include <QuendaCore/DefaultLogger.h>
+
+#include <QCoreApplication>
+
+#include <spdlog/async.h>
+#include <spdlog/sinks/null_sink.h>
+
+#include <memory>
+
+using Quenda::LogLevel;
+using Quenda::Kit::LogEvent;
+using Quenda::Kit::Logger;
+
+namespace {
+
+constexpr int records = 10000;
+
+// As large as a record, and with the same to construct and destroy.
+class BareEvent : public QEvent
+{
+public:
+    explicit BareEvent(const QString &eventText) : QEvent(QEvent::User), text(eventText) { }
+
+private:
+    [[maybe_unused]] quint32 level = 2;
+    QString text;
+};
+static_assert(sizeof(BareEvent) == sizeof(LogEvent));
+
+class NullComposer : public Quenda::TextLineComposer<char>
+{
+public:
+    void writeLine(const std::string &line) override { benchmark::DoNotOptimize(line.data()); }
+};
+
+void addPosting(int threads)
+{
+    const QString text =
+        QStringLiteral("a record of an ordinary length, as applications write them");
+    const auto receiver = std::make_shared<QObject>();
+    const auto code = [text](benchmark::State &state) {
+        for ([[maybe_unused]] auto step : state)
+            Logger::logErr(text);
+        if (state.thread_index() == 0)
+            QCoreApplication::removePostedEvents(Logger::instance());
+        state.SetItemsProcessed(state.iterations());
+    };
+    const auto floor = [text, receiver](benchmark::State &state) {
+        for ([[maybe_unused]] auto step : state)
+            QCoreApplication::postEvent(receiver.get(), new BareEvent(text));
+        if (state.thread_index() == 0)
+            QCoreApplication::removePostedEvents(receiver.get());
+        state.SetItemsProcessed(state.iterations());
+    };
+    addFigure("logErr, threads: " + std::to_string(threads), 1.1, code, floor,
+              [threads](benchmark::internal::Benchmark *one) {
+                  // Nothing is delivered meanwhile, so the number of records is limited.
+                  one->UseRealTime()->Threads(threads)->Iterations(400000 / threads);
+              });
+}
+
+void addWholeWay()
+{
+    const QString text =
+        QStringLiteral("a record of an ordinary length, as applications write them");
+    const auto code = [text](benchmark::State &state) {
+        NullComposer composer;
+        auto *previous = Quenda::setDefaultLogger(LogLevel::Error, &composer);
+        for ([[maybe_unused]] auto step : state) {
+            for (int i = 0; i < records; ++i)
+                Logger::logErr(text);
+            QCoreApplication::sendPostedEvents(Logger::instance());
+        }
+        Quenda::setDefaultLogger(LogLevel::Error, previous);
+        state.SetItemsProcessed(state.iterations() * records);
+    };
+    const auto floor = [text](benchmark::State &state) {
+        NullComposer composer;
+        for ([[maybe_unused]] auto step : state)
+            for (int i = 0; i < records; ++i) {
+                Quenda::Private::printQString(composer.stream, text, false);
+                composer.writeLine(composer.stream.str());
+                composer.stream.str(std::string());
+            }
+        state.SetItemsProcessed(state.iterations() * records);
+    };
+    addFigure("record to line", anyRatio, code, floor);
+
+    // The same number of records through an asynchronous logger with a thread of its own, until the
+    // last has arrived.
+    const auto other = [text](benchmark::State &state) {
+        const std::string line = text.toStdString();
+        for ([[maybe_unused]] auto step : state) {
+            auto pool = std::make_shared<spdlog::details::thread_pool>(std::size_t(records),
+                                                                       std::size_t(1));
+            const auto logger = std::make_shared<spdlog::async_logger>(
+                "null", std::make_shared<spdlog::sinks::null_sink_mt>(), pool);
+            for (int i = 0; i < records; ++i)
+                logger->error(line);
+        }
+        state.SetItemsProcessed(state.iterations() * records);
+    };
+    addFigure("record to line, spdlog's asynchronous logger", anyRatio, other, floor);
+}
+
+} // namespace
+
+void addLoggerFigures()
+{
+    for (int threads : {1, 2, 8})
+        addPosting(threads);
+    addWholeWay();
+}

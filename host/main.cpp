@@ -275,6 +275,13 @@ int showSurface(const CommandLine &line, const QString &product, const AbstractD
             QStringLiteral("cannot write %1: %2").arg(writer.fileName(), writer.errorString()));
     return 0;
 }
+
+// Qt ends the process when a window is asked for and there is none.
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+           || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
 #endif
 
 int run(CommandLine &line)
@@ -305,6 +312,11 @@ int run(CommandLine &line)
     const QStringList names = parser.positionalArguments();
     if (line.has(line.check))
         return checkDocuments(names);
+#ifdef QUENDAHOST_SURFACE
+    if (line.has(line.window) && !hasDisplay())
+        return fail(wrongUsage,
+                    QStringLiteral("--window needs a display; --screenshot does without"));
+#endif
     if (names.size() != 1)
         return fail(wrongUsage,
                     QStringLiteral("needs one product (%1); see --help").arg(allProducts()));
@@ -357,7 +369,7 @@ std::unique_ptr<QCoreApplication> newApplication(int &argc, char **argv, const C
         QApplication::setStyle(QStringLiteral("Fusion"));
     if (line.isValid && line.has(line.screenshot))
         return newOffscreenApplication(argc, argv);
-    if (line.isValid && line.has(line.window))
+    if (line.isValid && line.has(line.window) && hasDisplay())
         return std::make_unique<QApplication>(argc, argv);
 #else
     Q_UNUSED(line)

@@ -155,11 +155,13 @@ private Q_SLOTS:
 
     void otherEventsAreConsumed()
     {
-        // The number of a record, but not its type.
+        // A record's number and members, but not its type.
         class Impostor : public QEvent
         {
         public:
             Impostor() : QEvent(static_cast<QEvent::Type>(1000)) { }
+            LogLevel level = LogLevel::Error;
+            QString text = QStringLiteral("no record");
         };
         Impostor impostor;
         QTimerEvent timer(1);

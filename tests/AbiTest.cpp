@@ -1,5 +1,6 @@
 #include "Config/AppDataParser.h"
 #include "Config/DataSafe.h"
+#include "Table.h"
 #include "Util/Logger.h"
 #include "Util/Utils.h"
 
@@ -88,30 +89,29 @@ class AbiTest : public QObject
 private Q_SLOTS:
     void slotOrder_data()
     {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<int>("expected");
+        addColumns<int, int>("slot", "expected");
 
-        QTest::addRow("getString") << slotOf(&AbstractDataSafe::getString) << 0;
-        QTest::addRow("getStringList") << slotOf(&AbstractDataSafe::getStringList) << 1;
-        QTest::addRow("getBool") << slotOf(&AbstractDataSafe::getBool) << 2;
-        QTest::addRow("getDouble") << slotOf(&AbstractDataSafe::getDouble) << 3;
-        QTest::addRow("getInt") << slotOf(&AbstractDataSafe::getInt) << 4;
-        QTest::addRow("put") << slotOf(&AbstractDataSafe::put) << 5;
-        QTest::addRow("end of the store") << slotOf(&LastStore::next) << 6;
+        addRow("getString", slotOf(&AbstractDataSafe::getString), 0);
+        addRow("getStringList", slotOf(&AbstractDataSafe::getStringList), 1);
+        addRow("getBool", slotOf(&AbstractDataSafe::getBool), 2);
+        addRow("getDouble", slotOf(&AbstractDataSafe::getDouble), 3);
+        addRow("getInt", slotOf(&AbstractDataSafe::getInt), 4);
+        addRow("put", slotOf(&AbstractDataSafe::put), 5);
+        addRow("end of the store", slotOf(&LastStore::next), 6);
 
-        QTest::addRow("productId") << slotOf(&AbstractConnector::productId) << 0;
-        QTest::addRow("setAppData") << slotOf(&AbstractConnector::setAppData) << 1;
+        addRow("productId", slotOf(&AbstractConnector::productId), 0);
+        addRow("setAppData", slotOf(&AbstractConnector::setAppData), 1);
 
-        QTest::addRow("onVisitStarted") << slotOf(&Visitor::onVisitStarted) << 0;
-        QTest::addRow("onVisitEnded") << slotOf(&Visitor::onVisitEnded) << 1;
-        QTest::addRow("onElement") << slotOf(&Visitor::onElement) << 2;
-        QTest::addRow("onEndElement") << slotOf(&Visitor::onEndElement) << 3;
-        QTest::addRow("onError") << slotOf(&Visitor::onError) << 4;
-        QTest::addRow("end of the visitor") << slotOf(&LastVisitor::next) << 5;
+        addRow("onVisitStarted", slotOf(&Visitor::onVisitStarted), 0);
+        addRow("onVisitEnded", slotOf(&Visitor::onVisitEnded), 1);
+        addRow("onElement", slotOf(&Visitor::onElement), 2);
+        addRow("onEndElement", slotOf(&Visitor::onEndElement), 3);
+        addRow("onError", slotOf(&Visitor::onError), 4);
+        addRow("end of the visitor", slotOf(&LastVisitor::next), 5);
 
         const int objectSlots = slotOf(&LastObject::next);
-        QTest::addRow("startUp") << slotOf(&Help::AbstractController::startUp) << objectSlots;
-        QTest::addRow("end of the controller") << slotOf(&LastController::next) << objectSlots + 1;
+        addRow("startUp", slotOf(&Help::AbstractController::startUp), objectSlots);
+        addRow("end of the controller", slotOf(&LastController::next), objectSlots + 1);
     }
 
     void slotOrder()

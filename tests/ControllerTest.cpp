@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include <Help/AbstractDataSafe.h>
 #include <Help/Controller.h>
 #include <QuendaCore/ConnectorImpl.h>
@@ -52,7 +54,7 @@ QString resource(const char *path)
 
 QString fileKey()
 {
-    return QStringLiteral("0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk");
+    return "0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk"_s;
 }
 
 } // namespace
@@ -64,45 +66,38 @@ class ControllerTest : public QObject
 private Q_SLOTS:
     void entries_data()
     {
-        QTest::addColumn<QString>("product");
-        QTest::addColumn<QString>("entry");
-        QTest::addColumn<QString>("value"); // null where there is no such entry
+        addColumns<QString, QString, QString>("product", "entry",
+                                              "value"); // null where there is no such entry
+        const QString tools = "<tools>\u00e9</tools>"_s;
 
-        const auto row = [](const char *name, const char *product, const char *entry,
-                            const QString &value) {
-            QTest::addRow("%s", name)
-                << QString::fromUtf8(product) << QString::fromUtf8(entry) << value;
-        };
-        const QString tools = QStringLiteral("<tools>\u00e9</tools>");
+        addRow("tool document of lorvan", "lorvan", "widgetConfig",
+               resource(":/widgets/lorvan/tools.xml"));
+        addRow("menu document of lorvan", "lorvan", "menubar",
+               resource(":/widgets/lorvan/menus.xml"));
+        addRow("entry of lorvan", "lorvan", "maxPieceCount", "-1"_s);
+        addRow("file key of lorvan", "lorvan", "quenda_file_key", fileKey());
+        addRow("tool document of tesmar", "tesmar", "widgetConfig",
+               resource(":/widgets/tesmar/tools.xml"));
+        addRow("entry that tesmar lacks", "tesmar", "maxPieceCount", QString());
+        addRow("id in mixed case", "TesMar", "menubar", resource(":/widgets/tesmar/menus.xml"));
 
-        row("tool document of lorvan", "lorvan", "widgetConfig",
-            resource(":/widgets/lorvan/tools.xml"));
-        row("menu document of lorvan", "lorvan", "menubar", resource(":/widgets/lorvan/menus.xml"));
-        row("entry of lorvan", "lorvan", "maxPieceCount", QStringLiteral("-1"));
-        row("file key of lorvan", "lorvan", "quenda_file_key", fileKey());
-        row("tool document of tesmar", "tesmar", "widgetConfig",
-            resource(":/widgets/tesmar/tools.xml"));
-        row("entry that tesmar lacks", "tesmar", "maxPieceCount", QString());
-        row("id in mixed case", "TesMar", "menubar", resource(":/widgets/tesmar/menus.xml"));
+        addRow("UTF-8", "oddentries", "widgetConfig", tools);
+        addRow("plain", "oddentries", "plain", "1"_s);
+        addRow("not a child of the root", "oddentries", "nested", QString());
+        addRow("no name", "oddentries", "", "nameless"_s);
+        addRow("no text", "oddentries", "empty", QString(QLatin1String("")));
+        addRow("name used twice", "oddentries", "twice", "second"_s);
+        addRow("other tag name", "oddentries", "capital", QString());
+        addRow("all text inside", "oddentries", "outer", "ab<c>"_s);
+        addRow("entry inside an entry", "oddentries", "inner", QString());
+        addRow("entry over the menu document", "oddentries", "menubar", "from the entries"_s);
+        addRow("entry under the file key", "oddentries", "quenda_file_key", fileKey());
 
-        row("UTF-8", "oddentries", "widgetConfig", tools);
-        row("plain", "oddentries", "plain", QStringLiteral("1"));
-        row("not a child of the root", "oddentries", "nested", QString());
-        row("no name", "oddentries", "", QStringLiteral("nameless"));
-        row("no text", "oddentries", "empty", QString(QLatin1String("")));
-        row("name used twice", "oddentries", "twice", QStringLiteral("second"));
-        row("other tag name", "oddentries", "capital", QString());
-        row("all text inside", "oddentries", "outer", QStringLiteral("ab<c>"));
-        row("entry inside an entry", "oddentries", "inner", QString());
-        row("entry over the menu document", "oddentries", "menubar",
-            QStringLiteral("from the entries"));
-        row("entry under the file key", "oddentries", "quenda_file_key", fileKey());
-
-        row("text up to a zero byte", "zerobyte", "menubar", QStringLiteral("<menus/>"));
-        row("no entry document: tools", "noentries", "widgetConfig", tools);
-        row("no entry document: key", "noentries", "quenda_file_key", fileKey());
-        row("broken entry document: entry", "brokenentries", "beforeTheFault", QString());
-        row("broken entry document: menus", "brokenentries", "menubar", QStringLiteral("<menus/>"));
+        addRow("text up to a zero byte", "zerobyte", "menubar", "<menus/>"_s);
+        addRow("no entry document: tools", "noentries", "widgetConfig", tools);
+        addRow("no entry document: key", "noentries", "quenda_file_key", fileKey());
+        addRow("broken entry document: entry", "brokenentries", "beforeTheFault", QString());
+        addRow("broken entry document: menus", "brokenentries", "menubar", "<menus/>"_s);
     }
 
     void entries()
@@ -121,18 +116,16 @@ private Q_SLOTS:
 
     void productIdIsAskedForBeforeEachDocument_data()
     {
-        QTest::addColumn<QStringList>("ids");
-        QTest::addColumn<int>("asked");
-        QTest::addColumn<bool>("hasStore");
-        const QString lorvan = QStringLiteral("lorvan");
-        const QString none = QStringLiteral("none");
+        addColumns<QStringList, int, bool>("ids", "asked", "hasStore");
+        const QString lorvan = "lorvan"_s;
+        const QString none = "none"_s;
 
-        QTest::addRow("all there") << QStringList {lorvan} << 3 << true;
-        QTest::addRow("empty id") << QStringList {QString()} << 1 << false;
-        QTest::addRow("no tool document") << QStringList {none, lorvan} << 1 << false;
-        QTest::addRow("no menu document") << QStringList {QStringLiteral("nomenus")} << 2 << false;
-        QTest::addRow("menu document of another") << QStringList {lorvan, none} << 2 << false;
-        QTest::addRow("no entry document") << QStringList {lorvan, lorvan, none} << 3 << true;
+        addRow("all there", QStringList {lorvan}, 3, true);
+        addRow("empty id", QStringList {QString()}, 1, false);
+        addRow("no tool document", QStringList {none, lorvan}, 1, false);
+        addRow("no menu document", QStringList {"nomenus"_s}, 2, false);
+        addRow("menu document of another", QStringList {lorvan, none}, 2, false);
+        addRow("no entry document", QStringList {lorvan, lorvan, none}, 3, true);
     }
 
     void productIdIsAskedForBeforeEachDocument()
@@ -148,18 +141,16 @@ private Q_SLOTS:
 
     void documentsOfDifferentProducts()
     {
-        Connector connector(
-            {QStringLiteral("tesmar"), QStringLiteral("zerobyte"), QStringLiteral("oddentries")});
+        Connector connector({"tesmar"_s, "zerobyte"_s, "oddentries"_s});
         Controller::instance()->startUp();
         const auto store = connector.appData();
-        QCOMPARE(store->getString(QStringLiteral("widgetConfig")),
-                 resource(":/widgets/tesmar/tools.xml"));
-        QCOMPARE(store->getString(QStringLiteral("plain")), QStringLiteral("1"));
+        QCOMPARE(store->getString("widgetConfig"_s), resource(":/widgets/tesmar/tools.xml"));
+        QCOMPARE(store->getString("plain"_s), "1"_s);
     }
 
     void theConnectorIsTheOnlyOwner()
     {
-        Connector connector({QStringLiteral("lorvan")});
+        Connector connector({"lorvan"_s});
         Controller::instance()->startUp();
         const boost::weak_ptr<AbstractDataSafe> first = connector.received;
         QCOMPARE(first.use_count(), 1L);
@@ -173,7 +164,7 @@ private Q_SLOTS:
     // That a store was released which nobody has seen is the leak checker's to find.
     void exceptionsOfTheFrameworkPassThrough()
     {
-        Connector connector({QStringLiteral("lorvan")});
+        Connector connector({"lorvan"_s});
         for (connector.failAt = 1; connector.failAt <= 3; ++connector.failAt) {
             connector.asked = 0;
             QVERIFY_EXCEPTION_THROWN(Controller::instance()->startUp(), std::runtime_error);

@@ -1,4 +1,5 @@
 #include "Config/DataSafe.h"
+#include "Table.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -12,7 +13,7 @@ using Quenda::Kit::DataSafe;
 
 namespace {
 
-const QString name = QStringLiteral("name");
+const QString name = "name"_s;
 constexpr int wrapped = std::numeric_limits<int>::min();
 
 // Calls a getter with a flag preset to either value, and once without, and returns the flag.
@@ -36,7 +37,7 @@ public:
     QString getString(const QString &, bool *ok) const override
     {
         *ok = true;
-        return QStringLiteral("2");
+        return "2"_s;
     }
     double getDouble(const QString &, bool *) const override { return 99; }
 };
@@ -50,18 +51,13 @@ class DataSafeTest : public QObject
 private Q_SLOTS:
     void numbers_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<double>("asDouble");
-        QTest::addColumn<int>("asInt");
+        addColumns<QString, bool, double, int>("text", "ok", "asDouble", "asInt");
 
         constexpr double infinity = std::numeric_limits<double>::infinity();
         const auto row = [](const char *text, double asDouble, int asInt) {
-            QTest::addRow("\"%s\"", text) << QString::fromUtf8(text) << true << asDouble << asInt;
+            addRow(text, text, true, asDouble, asInt);
         };
-        const auto badRow = [](const char *text) {
-            QTest::addRow("\"%s\"", text) << QString::fromUtf8(text) << false << 0.0 << 0;
-        };
+        const auto badRow = [](const char *text) { addRow(text, text, false, 0.0, 0); };
         row("-1", -1, -1);
         row(" 2.5\t", 2.5, 2);
         row("7.99", 7.99, 7);
@@ -99,18 +95,16 @@ private Q_SLOTS:
 
     void flags_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<bool>("value");
-        QTest::addRow("true") << QStringLiteral("true") << true << true;
-        QTest::addRow("false") << QStringLiteral("false") << true << false;
-        QTest::addRow("capital") << QStringLiteral("True") << false << false;
-        QTest::addRow("upper case") << QStringLiteral("FALSE") << false << false;
-        QTest::addRow("digit") << QStringLiteral("1") << false << false;
-        QTest::addRow("leading blank") << QStringLiteral(" true") << false << false;
-        QTest::addRow("trailing line break") << QStringLiteral("true\n") << false << false;
-        QTest::addRow("longer") << QStringLiteral("truer") << false << false;
-        QTest::addRow("empty") << QString() << false << false;
+        addColumns<QString, bool, bool>("text", "ok", "value");
+        addRow("true", "true", true, true);
+        addRow("false", "false", true, false);
+        addRow("capital", "True", false, false);
+        addRow("upper case", "FALSE", false, false);
+        addRow("digit", "1", false, false);
+        addRow("leading blank", " true", false, false);
+        addRow("trailing line break", "true\n", false, false);
+        addRow("longer", "truer", false, false);
+        addRow("empty", QString(), false, false);
     }
 
     void flags()
@@ -125,18 +119,14 @@ private Q_SLOTS:
 
     void lists_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("items");
-        const QString alpha = QStringLiteral("alpha");
-        const QString beta = QStringLiteral("beta");
-        QTest::addRow("runs of blanks")
-            << QStringLiteral("  alpha   beta ") << QStringList {alpha, beta};
-        QTest::addRow("tab and line break") << QStringLiteral("alpha\tbeta\n alpha")
-                                            << QStringList {QStringLiteral("alpha\tbeta\n"), alpha};
-        QTest::addRow("no-break space")
-            << QStringLiteral("a\u00a0b") << QStringList {QStringLiteral("a\u00a0b")};
-        QTest::addRow("blanks only") << QStringLiteral("   ") << QStringList();
-        QTest::addRow("empty") << QString() << QStringList();
+        addColumns<QString, QStringList>("text", "items");
+        const QString alpha = "alpha"_s;
+        const QString beta = "beta"_s;
+        addRow("runs of blanks", "  alpha   beta ", QStringList {alpha, beta});
+        addRow("tab and line break", "alpha\tbeta\n alpha", QStringList {"alpha\tbeta\n"_s, alpha});
+        addRow("no-break space", "a\u00a0b", QStringList {"a\u00a0b"_s});
+        addRow("blanks only", "   ", QStringList());
+        addRow("empty", QString(), QStringList());
     }
 
     void lists()
@@ -151,10 +141,10 @@ private Q_SLOTS:
     void missingEntries()
     {
         DataSafe store;
-        store.put(QStringLiteral("Name"), QStringLiteral("1"));
-        store.put(name, QStringLiteral("1"));
+        store.put("Name"_s, "1"_s);
+        store.put(name, "1"_s);
         store.clear();
-        store.put(QStringLiteral("NAME"), QStringLiteral("1"));
+        store.put("NAME"_s, "1"_s);
 
         QVERIFY(store.getString(name).isEmpty() && !store.getString(name).isNull());
         QCOMPARE(store.getStringList(name), QStringList());
@@ -170,9 +160,9 @@ private Q_SLOTS:
 
     void textsAreKeptAsTheyAre()
     {
-        const QString value = QStringLiteral(" \te\u0301 \U0001f9f5\n");
+        const QString value = " \te\u0301 \U0001f9f5\n"_s;
         DataSafe store;
-        store.put(QString(), QStringLiteral("1"));
+        store.put(QString(), "1"_s);
         store.put(QString(), value);
         bool ok = false;
         QCOMPARE(store.getString(QString(QLatin1String("")), &ok), value);
@@ -182,7 +172,7 @@ private Q_SLOTS:
     void typedGettersReadThroughGetString()
     {
         const Overriding store;
-        QCOMPARE(store.getStringList(name), QStringList(QStringLiteral("2")));
+        QCOMPARE(store.getStringList(name), QStringList("2"_s));
         QCOMPARE(store.getInt(name), 2); // not by way of the overridden getDouble()
         QCOMPARE(store.DataSafe::getDouble(name), 2.0);
         QCOMPARE(flagOf(store, &AbstractDataSafe::getBool), false);

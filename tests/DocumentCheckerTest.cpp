@@ -1,4 +1,5 @@
 #include "DocumentChecker.h"
+#include "Table.h"
 #include "ToolDocument.h"
 
 #include <QtTest>
@@ -9,7 +10,7 @@ namespace {
 
 QVector<HostState> lorvanStates()
 {
-    return hostStates(QStringLiteral("lorvan"));
+    return hostStates("lorvan"_s);
 }
 
 QString faultsOf(DocumentKind kind, const QByteArray &content)
@@ -18,41 +19,39 @@ QString faultsOf(DocumentKind kind, const QByteArray &content)
     const auto findings = checkDocument(kind, content, lorvanStates());
     for (const Finding &finding : findings)
         if (finding.severity == Finding::Fault)
-            faults += QStringLiteral("%1: %2").arg(finding.line).arg(finding.text);
+            faults += "%1: %2"_s.arg(finding.line).arg(finding.text);
     return faults.join(QLatin1Char('\n'));
 }
 
 const char entriesHead[] =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE quendaconfig>\n"
-    "<quendaconfig xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.0\">\n";
-const char toolsHead[] = "<quendaconfig xmlns:xlink=\"http://www.w3.org/1999/xlink\">\n";
-const char module[] = "<module id=\"m\" path=\"%LIBRARY%/M\"/>\n";
-const char box[] =
-    "<toolbox columns=\"2\" mode=\"0x31\" margin=\"1\" spacing=\"1\" button-style=\"\">\n";
-const char pad[] = "<keypad margin=\"1\" spacing=\"1\" button-style=\"\">\n";
+    "<?xml version='1.0' encoding='UTF-8'?>\n<!DOCTYPE quendaconfig>\n"
+    "<quendaconfig xmlns:xlink='http://www.w3.org/1999/xlink' version='1.0'>\n";
+const char toolsHead[] = "<quendaconfig xmlns:xlink='http://www.w3.org/1999/xlink'>\n";
+const char module[] = "<module id='m' path='%LIBRARY%/M'/>\n";
+const char box[] = "<toolbox columns='2' mode='0x31' margin='1' spacing='1' button-style=''>\n";
+const char pad[] = "<keypad margin='1' spacing='1' button-style=''>\n";
 const char menusHead[] =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ui version=\"4.0\"><class>menubar</class>"
-    "<widget class=\"QMenuBar\" name=\"menubar\">\n";
+    "<?xml version='1.0' encoding='UTF-8'?>\n<ui version='4.0'><class>menubar</class>"
+    "<widget class='QMenuBar' name='menubar'>\n";
 const char menusTail[] = "</widget><resources/><connections/></ui>";
 
 QByteArray menuXml(const QByteArray &items)
 {
-    return QByteArray(
-               "<widget class=\"QMenu\" name=\"menuA\"><property name=\"title\"><string>A</string>"
-               "</property>\n")
+    return QByteArray("<widget class='QMenu' name='menuA'><property name='title'><string>A</string>"
+                      "</property>\n")
            + items + "</widget>\n";
 }
 
 QByteArray actionXml(const QByteArray &name, const QByteArray &properties = {})
 {
     return QByteArray("<action name=\"") + name
-           + "\"><property name=\"text\"><string>Text</string></property>" + properties
+           + "\"><property name='text'><string>Text</string></property>" + properties
            + "</action>\n";
 }
 
 QByteArray propertyXml(const char *name, const QByteArray &value)
 {
-    return QByteArray("<property name=\"") + name + "\">" + value + "</property>";
+    return QByteArray("<property name='") + name + "'>" + value + "</property>";
 }
 
 } // namespace
@@ -64,17 +63,13 @@ class DocumentCheckerTest : public QObject
 private Q_SLOTS:
     void kinds_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<int>("kind");
-        const QString other = QStringLiteral("other.xml");
-        QTest::addRow("by name") << QStringLiteral("a/confs.xml") << QByteArray(menusHead)
-                                 << int(DocumentKind::Entries);
-        QTest::addRow("menus") << other << QByteArray(menusHead) << int(DocumentKind::Menus);
-        QTest::addRow("entries") << other << entriesHead + QByteArray("<entry/>")
-                                 << int(DocumentKind::Entries);
-        QTest::addRow("tools") << other << toolsHead + QByteArray("<!-- <entry/> --><module/>")
-                               << int(DocumentKind::Tools);
+        addColumns<QString, QByteArray, int>("path", "content", "kind");
+        const QString other = "other.xml"_s;
+        addRow("by name", "a/confs.xml", QByteArray(menusHead), int(DocumentKind::Entries));
+        addRow("menus", other, QByteArray(menusHead), int(DocumentKind::Menus));
+        addRow("entries", other, entriesHead + QByteArray("<entry/>"), int(DocumentKind::Entries));
+        addRow("tools", other, toolsHead + QByteArray("<!-- <entry/> --><module/>"),
+               int(DocumentKind::Tools));
     }
 
     void kinds()
@@ -86,114 +81,104 @@ private Q_SLOTS:
 
     void entries_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("fault");
+        addColumns<QByteArray, QString>("content", "fault");
         const auto row = [](const char *name, const QByteArray &entries, const char *fault) {
-            QTest::addRow("%s", name)
-                << entriesHead + entries + "</quendaconfig>" << QString::fromUtf8(fault);
+            addRow(name, entriesHead + entries + "</quendaconfig>", fault);
         };
-        row("sound", "<entry name=\"toolEnabled\">true</entry>\n", "");
+        row("sound", "<entry name='toolEnabled'>true</entry>\n", "");
         row("nameless", "<entry>x</entry>", "4: <entry> has no \"name\"");
-        row("empty name", "\n<entry name=\"\"/>", "5: the entry's name is empty");
-        row("doubled", "<entry name=\"a\"/>\n<entry name=\"a\"/>", "5: entry \"a\" stands twice");
+        row("empty name", "\n<entry name=''/>", "5: the entry's name is empty");
+        row("doubled", "<entry name='a'/>\n<entry name='a'/>", "5: entry \"a\" stands twice");
         row("not well-formed", "<entry>", "4: not well-formed");
-        row("attribute twice", "<entry name=\"a\" name=\"b\"/>", "4: not well-formed");
+        row("attribute twice", "<entry name='a' name='b'/>", "4: not well-formed");
         row("zero byte", QByteArray("\n\0", 2), "5: a zero byte");
         row("unknown element", "<item/>", "4: unknown element <item>; expected: <entry>");
-        row("unknown attribute", "<entry name=\"a\" value=\"b\"/>",
-            "4: unknown attribute \"value\"");
+        row("unknown attribute", "<entry name='a' value='b'/>", "4: unknown attribute \"value\"");
         row("text outside", "stray", "4: text \"stray\" in <quendaconfig>");
-        row("no flag", "<entry name=\"toolEnabled\">True</entry>", "expected a flag");
-        row("no number", "<entry name=\"maxPieceCount\">many</entry>", "expected a number");
-        QTest::addRow("no declaration") << QByteArray(entriesHead).mid(39) + "</quendaconfig>"
-                                        << QStringLiteral("1: expected the XML declaration");
-        QTest::addRow("too deep") << entriesHead + QByteArray("<entry>").repeated(200000)
-                                  << QStringLiteral("4: nested deeper");
+        row("no flag", "<entry name='toolEnabled'>True</entry>", "expected a flag");
+        row("no number", "<entry name='maxPieceCount'>many</entry>", "expected a number");
+        addRow("no declaration", QByteArray(entriesHead).mid(39) + "</quendaconfig>",
+               "1: expected the XML declaration");
+        addRow("too deep", entriesHead + QByteArray("<entry>").repeated(200000),
+               "4: nested deeper");
     }
 
     void entries() { checkRow(DocumentKind::Entries); }
 
     void tools_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("fault");
+        addColumns<QByteArray, QString>("content", "fault");
         const auto row = [](const char *name, const QByteArray &elements, const char *fault) {
-            QTest::addRow("%s", name)
-                << toolsHead + elements + "</quendaconfig>" << QString::fromUtf8(fault);
+            addRow(name, toolsHead + elements + "</quendaconfig>", fault);
         };
         const auto boxRow = [&row](const char *name, const QByteArray &items, const char *fault) {
             row(name, QByteArray(module) + box + items + "</toolbox>", fault);
         };
-        const auto padRow = [&row](const char *name, const QByteArray &cells, const char *fault) {
+        // A second key, at these cells, beside or on one at row 1 and column 1 with two spans.
+        const auto padRow = [&row](const char *name, const char *cells, const char *fault) {
+            const auto key = [](const QString &id, const QString &numbers) {
+                const QStringList n = numbers.split(QLatin1Char(' '));
+                return "<key id='%1' row='%2' column='%3' rowSpan='%4' columnSpan='%5'"
+                       " xlink:href='#m'/>\n"_s.arg(id, n[0], n[1], n[2], n[3])
+                           .toUtf8();
+            };
             row(name,
-                QByteArray(module) + pad
-                    + "<key id=\"a\" row=\"1\" column=\"1\" rowSpan=\"2\" columnSpan=\"2\" "
-                      "xlink:href=\"#m\"/>\n<key id=\"b\" "
-                    + cells + " xlink:href=\"#m\"/></keypad>",
+                QByteArray(module) + pad + key("a"_s, "1 1 2 2"_s)
+                    + key("b"_s, QLatin1String(cells)) + "</keypad>",
                 fault);
         };
-        const QByteArray tool("<tool id=\"a\" xlink:href=\"#m\"/>\n");
+        const QByteArray tool("<tool id='a' xlink:href='#m'/>\n");
 
         boxRow("sound", tool, "");
-        boxRow("unknown element", "<toll/>",
-               "4: unknown element <toll>; expected: <tool>, <separator>");
-        boxRow("unknown attribute", "<tool id=\"a\" xlink:href=\"#m\" Mode=\"1\"/>",
+        boxRow("unknown element", "<toll/>", "4: unknown element <toll>; expected: <tool>, ");
+        boxRow("unknown attribute", "<tool id='a' xlink:href='#m' Mode='1'/>",
                "unknown attribute \"Mode\"");
-        boxRow("missing attribute", "<tool id=\"a\"/>", "<tool> has no \"xlink:href\"");
-        boxRow("no such module", "<tool id=\"a\" xlink:href=\"#x\"/>",
+        boxRow("missing attribute", "<tool id='a'/>", "<tool> has no \"xlink:href\"");
+        boxRow("no such module", "<tool id='a' xlink:href='#x'/>",
                "4: \"xlink:href\" is \"#x\", which is no module");
-        boxRow("no reference", "<tool id=\"a\" xlink:href=\"m\"/>", "which is no module");
+        boxRow("no reference", "<tool id='a' xlink:href='m'/>", "which is no module");
         row("later module", box + tool + "</toolbox>" + module, "3: module \"m\" stands later");
         row("module twice", QByteArray(module) + module, "3: module \"m\" stands twice");
         boxRow("tool twice", tool + tool, "5: tool \"a\" stands twice");
         boxRow("group torn apart",
-               "<tool id=\"a\" group=\"g\" xlink:href=\"#m\"/><tool id=\"b\" "
-               "xlink:href=\"#m\"/>\n<tool id=\"c\" group=\"g\" xlink:href=\"#m\"/>",
+               "<tool id='a' group='g' xlink:href='#m'/><tool id='b' "
+               "xlink:href='#m'/>\n<tool id='c' group='g' xlink:href='#m'/>",
                "5: tool \"c\" stands apart from its group \"g\"");
-        boxRow("mask that is no number", "<separator type=\"hline\" mode=\"x11\"/>",
+        boxRow("mask that is no number", "<separator type='hline' mode='x11'/>",
                "4: \"mode\" is \"x11\"");
-        boxRow("mask without a view", "<separator type=\"hline\" mode=\"0x0f\"/>",
+        boxRow("mask without a view", "<separator type='hline' mode='0x0f'/>",
                "4: no state meets \"mode\"");
-        boxRow("mask outside the box's", "<separator type=\"hline\" mode=\"0x12\"/>",
-               "in this box");
-        boxRow("unknown line", "<separator type=\"vline\"/>",
+        boxRow("mask outside the box's", "<separator type='hline' mode='0x12'/>", "in this box");
+        boxRow("unknown line", "<separator type='vline'/>",
                "\"type\" is \"vline\"; expected \"hline\"");
-        row("no columns", QByteArray(box).replace("\"2\"", "\"0\"") + "</toolbox>",
+        row("no columns", QByteArray(box).replace("'2'", "'0'") + "</toolbox>",
             "2: \"columns\" is \"0\"");
         row("box mask that no state meets", QByteArray(box).replace("0x31", "0x1") + "</toolbox>",
             "2: no state meets");
-        row("tool bar twice", "<toolbar id=\"t\" title=\"T\"/>\n<toolbar id=\"t\" title=\"T\"/>",
+        row("tool bar twice", "<toolbar id='t' title='T'/>\n<toolbar id='t' title='T'/>",
             "3: tool bar \"t\" stands twice");
-        row("module's path", "<module id=\"m\" path=\"/lib/M\"/>", "expected \"%LIBRARY%/\"");
+        row("module's path", "<module id='m' path='/lib/M'/>", "expected \"%LIBRARY%/\"");
         row("not ASCII", "<!-- \xc3\xa9 -->", "2: a character outside ASCII");
-        QTest::addRow("declaration")
-            << QByteArray("<?xml version=\"1.0\"?>") + toolsHead + "</quendaconfig>"
-            << QStringLiteral("1: an XML declaration");
+        addRow("declaration", QByteArray("<?xml version='1.0'?>") + toolsHead + "</quendaconfig>",
+               "1: an XML declaration");
 
-        padRow("keys side by side", "row=\"3\" column=\"3\" rowSpan=\"2\" columnSpan=\"1\"", "");
-        padRow("key on another", "row=\"2\" column=\"2\" rowSpan=\"1\" columnSpan=\"1\"",
-               "5: key \"b\" lies on top of key \"a\"");
-        padRow("key below the grid", "row=\"4\" column=\"0\" rowSpan=\"2\" columnSpan=\"1\"",
-               "5: key \"b\" leaves the grid");
-        padRow("key beside the grid", "row=\"0\" column=\"4\" rowSpan=\"1\" columnSpan=\"1\"",
-               "leaves the grid");
-        padRow("no row", "row=\"-1\" column=\"0\" rowSpan=\"1\" columnSpan=\"1\"",
-               "\"row\" is \"-1\"");
-        padRow("no span", "row=\"0\" column=\"0\" rowSpan=\"0\" columnSpan=\"1\"",
-               "\"rowSpan\" is \"0\"");
+        padRow("keys side by side", "3 3 2 1", "");
+        padRow("key on another", "2 2 1 1", "5: key \"b\" lies on top of key \"a\"");
+        padRow("key below the grid", "4 0 2 1", "5: key \"b\" leaves the grid");
+        padRow("key beside the grid", "0 4 1 1", "leaves the grid");
+        padRow("no row", "-1 0 1 1", "\"row\" is \"-1\"");
+        padRow("no span", "0 0 0 1", "\"rowSpan\" is \"0\"");
     }
 
     void tools() { checkRow(DocumentKind::Tools); }
 
     void menus_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("fault");
-        const QByteArray place("<addaction name=\"menuA\"/>");
+        addColumns<QByteArray, QString>("content", "fault");
+        const QByteArray place("<addaction name='menuA'/>");
         const auto row = [&place](const char *name, const QByteArray &items,
                                   const QByteArray &actions, const char *fault) {
-            QTest::addRow("%s", name) << menusHead + menuXml(items) + actions + place + menusTail
-                                      << QString::fromUtf8(fault);
+            addRow(name, menusHead + menuXml(items) + actions + place + menusTail, fault);
         };
         const auto actionRow = [&row](const char *name, const QByteArray &properties,
                                       const char *fault) {
@@ -201,19 +186,19 @@ private Q_SLOTS:
         };
         const QByteArray isTrue("<bool>true</bool>");
 
-        row("sound", "<addaction name=\"a\"/><addaction name=\"separator\"/>", actionXml("a"), "");
-        row("names nothing", "<addaction name=\"b\"/>", actionXml("a"), "4: \"b\" names nothing");
-        row("sub-menu of another", "<addaction name=\"menuA\"/>", "", "4: \"menuA\" names nothing");
+        row("sound", "<addaction name='a'/><addaction name='separator'/>", actionXml("a"), "");
+        row("names nothing", "<addaction name='b'/>", actionXml("a"), "4: \"b\" names nothing");
+        row("sub-menu of another", "<addaction name='menuA'/>", "", "4: \"menuA\" names nothing");
         row("object name twice", "", actionXml("a") + actionXml("a"),
             "6: object name \"a\" stands twice");
         row("action named like a menu", "", actionXml("menuA"),
             "object name \"menuA\" stands twice");
         row("unknown element", "<addmenu/>", "", "4: unknown element <addmenu>");
         row("menu without a place",
-            "<widget class=\"QMenu\" name=\"menuB\"><property "
-            "name=\"title\"><string>B</string></property></widget>",
+            "<widget class='QMenu' name='menuB'><property "
+            "name='title'><string>B</string></property></widget>",
             "", "4: menu \"menuB\" is placed nowhere");
-        row("other widget", "<widget class=\"QFrame\" name=\"f\"/>", "",
+        row("other widget", "<widget class='QFrame' name='f'/>", "",
             "\"class\" is \"QFrame\"; expected \"QMenu\"");
         actionRow("unknown property", propertyXml("enabled", "<bool>true</bool>"),
                   "6: unknown property \"enabled\" of action");
@@ -237,31 +222,28 @@ private Q_SLOTS:
         actionRow("icon of two paths",
                   propertyXml("icon", "<iconset><normaloff>:/a</normaloff>:/b</iconset>"),
                   "the icon's path differs");
-        row("action without a text", "", "<action name=\"a\"/>", "action \"a\" has no text");
+        row("action without a text", "", "<action name='a'/>", "action \"a\" has no text");
     }
 
     void menus() { checkRow(DocumentKind::Menus); }
 
     void oddButWorking_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("remark");
-        QTest::addRow("mnemonic of two items")
-            << int(DocumentKind::Menus)
-            << menusHead + menuXml("<addaction name=\"a\"/><addaction name=\"b\"/>")
-                   + actionXml("a").replace("Text", "&amp;One")
-                   + actionXml("b").replace("Text", "Tw&amp;o") + "<addaction name=\"menuA\"/>"
-                   + menusTail
-            << QStringLiteral("\"a\" and \"b\" share the mnemonic Alt+O");
-        QTest::addRow("entry over a document")
-            << int(DocumentKind::Entries)
-            << QByteArray(entriesHead) + "<entry name=\"menubar\"/></quendaconfig>"
-            << QStringLiteral("takes the place of a document");
-        QTest::addRow("unknown entry")
-            << int(DocumentKind::Entries)
-            << QByteArray(entriesHead) + "<entry name=\"mtmEnable\"/></quendaconfig>"
-            << QStringLiteral("not one that the host reads");
+        addColumns<int, QByteArray, QString>("kind", "content", "remark");
+        const QByteArray items = menuXml("<addaction name='a'/><addaction name='b'/>")
+                                 + actionXml("a").replace("Text", "&amp;One")
+                                 + actionXml("b").replace("Text", "Tw&amp;o");
+        addRow("mnemonic of two items", int(DocumentKind::Menus),
+               menusHead + items + "<addaction name='menuA'/>" + menusTail,
+               "\"a\" and \"b\" share the mnemonic Alt+O");
+        const auto entryRow = [](const char *name, const char *entry, const char *remark) {
+            const QByteArray content = entriesHead + QByteArray(entry) + "</quendaconfig>";
+            addRow(name, int(DocumentKind::Entries), content, remark);
+        };
+        entryRow("entry over a document", "<entry name='menubar'/>",
+                 "takes the place of a document");
+        entryRow("entry under the file key", "<entry name='quenda_file_key'/>", "has no effect");
+        entryRow("unknown entry", "<entry name='mtmEnable'/>", "not one that the host reads");
     }
 
     void oddButWorking()
@@ -278,11 +260,8 @@ private Q_SLOTS:
 
     void masks_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<qint64>("mask"); // -1 where it is none
-        const auto row = [](const char *text, qint64 mask) {
-            QTest::addRow("\"%s\"", text) << QString::fromUtf8(text) << mask;
-        };
+        addColumns<QString, qint64>("text", "mask"); // -1 where it is none
+        const auto row = [](const char *text, qint64 mask) { addRow(text, text, mask); };
         row("17", 17);
         row("0x1", 1);
         row("0x0000000000000aF", 0xaf);

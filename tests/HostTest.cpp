@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include <QProcess>
 #include <QtTest>
 
@@ -28,7 +30,7 @@ class HostTest : public QObject
 private Q_SLOTS:
     void report()
     {
-        const Outcome outcome = runHost({QStringLiteral("lorvan")});
+        const Outcome outcome = runHost({"lorvan"_s});
         QCOMPARE(outcome.status, 0);
         QVERIFY(outcome.errors.isEmpty());
 
@@ -36,27 +38,25 @@ private Q_SLOTS:
         const QStringList lines = QString::fromUtf8(outcome.output).split(QLatin1Char('\n'));
         for (const QString &line : lines)
             rows += line.simplified();
-        QVERIFY(rows.contains(QStringLiteral("filePassword (empty) text")));
-        QVERIFY(rows.contains(QStringLiteral("fileOpenDomains all list")));
-        QVERIFY(rows.contains(QStringLiteral("maxPieceCount -1 number")));
-        QVERIFY(rows.contains(QStringLiteral("toolEnabled false flag")));
-        QVERIFY(rows.contains(
-            QStringLiteral("quenda_file_key 0%1k text").arg(QString(62, QLatin1Char('*')))));
-        QVERIFY(rows.filter(QStringLiteral("autoMarkerEnabled")).isEmpty());
-        QVERIFY(!rows.filter(QRegularExpression(QStringLiteral(
-                                 "^tools \\d+ bytes 4 tool boxes, 9 tool bars, 0 keys$")))
-                     .isEmpty());
+        QVERIFY(rows.contains("filePassword (empty) text"_s));
+        QVERIFY(rows.contains("fileOpenDomains all list"_s));
+        QVERIFY(rows.contains("maxPieceCount -1 number"_s));
+        QVERIFY(rows.contains("toolEnabled false flag"_s));
+        QVERIFY(rows.contains("quenda_file_key 0%1k text"_s.arg(QString(62, QLatin1Char('*')))));
+        QVERIFY(rows.filter("autoMarkerEnabled"_s).isEmpty());
         QVERIFY(!rows.filter(QRegularExpression(
-                                 QStringLiteral("^menus \\d+ bytes 19 menus, 93 actions$")))
+                                 "^tools \\d+ bytes 4 tool boxes, 9 tool bars, 0 keys$"_s))
+                     .isEmpty());
+        QVERIFY(!rows.filter(QRegularExpression("^menus \\d+ bytes 19 menus, 93 actions$"_s))
                      .isEmpty());
     }
 
     // Every entry that a document holds is one that the report knows.
     void reportIsComplete_data()
     {
-        QTest::addColumn<QString>("product");
-        QTest::addRow("lorvan") << QStringLiteral("lorvan");
-        QTest::addRow("tesmar") << QStringLiteral("tesmar");
+        addColumns<QString>("product");
+        addRow("lorvan", "lorvan");
+        addRow("tesmar", "tesmar");
     }
 
     void reportIsComplete()
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(document.open(QIODevice::ReadOnly));
         const QByteArray output = runHost({product}).output;
         const QString text = QString::fromUtf8(document.readAll());
-        auto names = QRegularExpression(QStringLiteral("name=\"(\\w+)\"")).globalMatch(text);
+        auto names = QRegularExpression("name=\"(\\w+)\""_s).globalMatch(text);
         QVERIFY(names.hasNext());
         while (names.hasNext())
             QVERIFY(output.contains('\n' + names.next().captured(1).toUtf8() + ' '));
@@ -74,10 +74,9 @@ private Q_SLOTS:
 
     void documentsByteForByte_data()
     {
-        QTest::addColumn<QString>("product");
-        QTest::addColumn<QString>("document");
-        for (const QString &product : {QStringLiteral("lorvan"), QStringLiteral("tesmar")})
-            for (const QString &document : {QStringLiteral("tools"), QStringLiteral("menus")})
+        addColumns<QString, QString>("product", "document");
+        for (const QString &product : {"lorvan"_s, "tesmar"_s})
+            for (const QString &document : {"tools"_s, "menus"_s})
                 QTest::addRow("%s %s", qPrintable(product), qPrintable(document))
                     << product << document;
     }
@@ -88,21 +87,18 @@ private Q_SLOTS:
         QFETCH(QString, document);
         QFile file(QStringLiteral(DOCUMENTS "/%1/%2.xml").arg(product, document));
         QVERIFY(file.open(QIODevice::ReadOnly));
-        const Outcome outcome = runHost({product, QStringLiteral("--document"), document});
+        const Outcome outcome = runHost({product, "--document"_s, document});
         QCOMPARE(outcome.status, 0);
         QCOMPARE(outcome.output, file.readAll());
     }
 
     void commandLine_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("output");
-        QTest::addColumn<QString>("error"); // a part of the one line
+        addColumns<QString, int, QString, QString>("arguments", "status", "output",
+                                                   "error"); // a part of the one line
         const auto row = [](const char *arguments, int status, const char *output,
                             const char *error) {
-            QTest::addRow("%s", arguments) << QString::fromUtf8(arguments) << status
-                                           << QString::fromUtf8(output) << QString::fromUtf8(error);
+            addRow(arguments, arguments, status, output, error);
         };
         row("lorvan --entry fileSaveDomain", 0, "entp\n", "");
         row("TESMAR --entry filePassword", 0, "\n", "");
@@ -146,22 +142,22 @@ private Q_SLOTS:
 
     void checkOfDocuments()
     {
-        const Outcome shipped = runHost({QStringLiteral("--check")});
+        const Outcome shipped = runHost({"--check"_s});
         QCOMPARE(shipped.status, 0);
         QVERIFY2(shipped.output.contains("\nDocuments: 6, faults: 0, remarks: "),
                  shipped.output.constData());
 
         // In the folder of a product, the masks are that product's: tesmar has no bit 0x40.
         QTemporaryDir directory;
-        const QString path = directory.filePath(QStringLiteral("tesmar/tools.xml"));
-        QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("tesmar")));
+        const QString path = directory.filePath("tesmar/tools.xml"_s);
+        QVERIFY(QDir(directory.path()).mkdir("tesmar"_s));
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("<quendaconfig xmlns:xlink=\"http://www.w3.org/1999/xlink\">\n"
                    "<toolbar id=\"a\" title=\"A\" mode=\"0x20\"/>\n"
                    "<toolbar id=\"b\" title=\"B\" mode=\"0x40\"/></quendaconfig>");
         file.close();
-        const Outcome edited = runHost({QStringLiteral("--check"), path});
+        const Outcome edited = runHost({"--check"_s, path});
         QCOMPARE(edited.status, 1);
         QVERIFY2(edited.output.startsWith(path.toUtf8() + ":3: fault: no state meets"),
                  edited.output.constData());
@@ -173,10 +169,9 @@ private Q_SLOTS:
     void screenshot()
     {
         QTemporaryDir directory;
-        const QString path = directory.filePath(QStringLiteral("surface.png"));
+        const QString path = directory.filePath("surface.png"_s);
         const Outcome outcome =
-            runHost({QStringLiteral("tesmar"), QStringLiteral("--state"), QStringLiteral("0x10"),
-                     QStringLiteral("--screenshot"), path});
+            runHost({"tesmar"_s, "--state"_s, "0x10"_s, "--screenshot"_s, path});
         QCOMPARE(outcome.status, 0);
         QVERIFY2(outcome.errors.isEmpty(), outcome.errors.constData());
         QVERIFY(QFileInfo(path).size() > 1000);

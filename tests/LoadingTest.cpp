@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include <QFile>
 #include <QLibrary>
 #include <QtTest>
@@ -10,7 +12,7 @@ class LoadingTest : public QObject
 private Q_SLOTS:
     void documentsComeAndGoWithTheLibrary()
     {
-        const QString path = QStringLiteral(":/widgets/tesmar/menus.xml");
+        const QString path = ":/widgets/tesmar/menus.xml"_s;
         QLibrary library(QStringLiteral(QUENDA_HELP));
         QVERIFY(!QFile::exists(path));
         QVERIFY2(library.load(), qPrintable(library.errorString()));

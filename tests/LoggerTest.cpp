@@ -1,4 +1,5 @@
 #include "Util/Logger.h"
+#include "Table.h"
 
 #include <QuendaCore/DefaultLogger.h>
 
@@ -18,17 +19,7 @@ using Quenda::Kit::Logger;
 
 namespace {
 
-struct Line
-{
-    LogLevel level;
-    std::string text;
-};
-
-bool operator==(const Line &left, const Line &right)
-{
-    return left.level == right.level && left.text == right.text;
-}
-
+using Line = std::pair<LogLevel, std::string>;
 using Lines = std::vector<Line>;
 
 // Takes the place of the framework's composer for one severity while it lives.
@@ -45,7 +36,7 @@ public:
     {
         if (QThread::currentThread() != Logger::instance()->thread())
             qFatal("a line was written on another thread");
-        written->push_back({severity, line});
+        written->emplace_back(severity, line);
     }
 
 private:
@@ -88,11 +79,11 @@ private Q_SLOTS:
 
     void recordsInOrder()
     {
-        Logger::logWarn(QStringLiteral("A"));
-        Logger::logErr(QStringLiteral("B\u00e9\nC"));
+        Logger::logWarn("A"_s);
+        Logger::logErr("B\u00e9\nC"_s);
         Logger::log(QString(), LogLevel::Info);
-        Logger::log(QStringLiteral("no such severity"), static_cast<LogLevel>(77));
-        Logger::log(QStringLiteral("D"), static_cast<LogLevel>(3));
+        Logger::log("no such severity"_s, static_cast<LogLevel>(77));
+        Logger::log("D"_s, static_cast<LogLevel>(3));
         QVERIFY(lines.empty());
         deliver();
         const Lines expected {{LogLevel::Warning, "A"},
@@ -105,8 +96,8 @@ private Q_SLOTS:
     void severityWithoutAComposer()
     {
         TextLineComposer<char> *previous = setDefaultLogger(LogLevel::Warning, nullptr);
-        Logger::logWarn(QStringLiteral("dropped"));
-        Logger::logErr(QStringLiteral("kept"));
+        Logger::logWarn("dropped"_s);
+        Logger::logErr("kept"_s);
         deliver();
         setDefaultLogger(LogLevel::Warning, previous);
         QVERIFY(lines == (Lines {{LogLevel::Error, "kept"}}));
@@ -117,8 +108,8 @@ private Q_SLOTS:
         errors.enabled = false;
         errors.atLineStart = false;
         errors.stream << "held";
-        Logger::logErr(QStringLiteral("ignored"));
-        Logger::logErr(QStringLiteral("ignored too"));
+        Logger::logErr("ignored"_s);
+        Logger::logErr("ignored too"_s);
         deliver();
         errors.enabled = true;
         QVERIFY(lines == (Lines {{LogLevel::Error, "held"}, {LogLevel::Error, ""}}));
@@ -130,8 +121,8 @@ private Q_SLOTS:
     {
         errors.stream << "held";
         errors.atLineStart = false;
-        Logger::logErr(QStringLiteral("text"));
-        Logger::logErr(QStringLiteral("next"));
+        Logger::logErr("text"_s);
+        Logger::logErr("next"_s);
         deliver();
         QVERIFY(lines == (Lines {{LogLevel::Error, "held text"}, {LogLevel::Error, "next"}}));
     }
@@ -147,7 +138,7 @@ private Q_SLOTS:
         });
         stream.rdbuf(&buffer);
         stream.exceptions(std::ios::badbit);
-        LogEvent record(LogLevel::Error, QStringLiteral("text"));
+        LogEvent record(LogLevel::Error, "text"_s);
         QVERIFY_EXCEPTION_THROWN(Logger::instance()->event(&record), std::runtime_error);
         QVERIFY(lines == (Lines {{LogLevel::Error, "held"}}));
         QVERIFY(errors.atLineStart);
@@ -161,7 +152,7 @@ private Q_SLOTS:
         public:
             Impostor() : QEvent(static_cast<QEvent::Type>(1000)) { }
             LogLevel level = LogLevel::Error;
-            QString text = QStringLiteral("no record");
+            QString text = "no record"_s;
         };
         Impostor impostor;
         QTimerEvent timer(1);
@@ -171,7 +162,7 @@ private Q_SLOTS:
 
         Logger::instance()->deleteLater();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        Logger::logErr(QStringLiteral("still here"));
+        Logger::logErr("still here"_s);
         deliver();
         QVERIFY(lines == (Lines {{LogLevel::Error, "still here"}}));
         QCOMPARE(static_cast<int>(LogEvent(LogLevel::Error, QString()).type()), 1000);
@@ -187,7 +178,7 @@ private Q_SLOTS:
         for (int thread = 0; thread < threads; ++thread)
             producers.emplace_back([thread] {
                 for (int record = 0; record < records; ++record) {
-                    const QString text = QStringLiteral("%1 %2").arg(thread).arg(record);
+                    const QString text = "%1 %2"_s.arg(thread).arg(record);
                     record % 2 ? Logger::logErr(text) : Logger::logWarn(text);
                 }
             });
@@ -197,11 +188,11 @@ private Q_SLOTS:
         QTRY_COMPARE(lines.size(), std::size_t(threads * records));
 
         std::vector<int> next(threads, 0);
-        for (const Line &line : lines) {
-            const QStringList parts = QString::fromStdString(line.text).split(QLatin1Char(' '));
+        for (const auto &[level, text] : lines) {
+            const QStringList parts = QString::fromStdString(text).split(QLatin1Char(' '));
             int &expected = next[parts.at(0).toUInt()];
             QCOMPARE(parts.at(1).toInt(), expected);
-            QCOMPARE(line.level, expected % 2 ? LogLevel::Error : LogLevel::Warning);
+            QCOMPARE(level, expected % 2 ? LogLevel::Error : LogLevel::Warning);
             ++expected;
         }
     }

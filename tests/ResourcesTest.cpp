@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include <QResource>
 #include <QtTest>
 
@@ -11,12 +13,11 @@ class ResourcesTest : public QObject
 private Q_SLOTS:
     void storage_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<bool>("compressed");
+        addColumns<QString, bool>("path", "compressed");
         for (const char *product : {"lorvan", "tesmar"}) {
             const auto row = [product](const char *name, bool compressed) {
-                const QString path = QStringLiteral(":/widgets/%1/%2.xml")
-                                         .arg(QLatin1String(product), QLatin1String(name));
+                const QString path =
+                    ":/widgets/%1/%2.xml"_s.arg(QLatin1String(product), QLatin1String(name));
                 QTest::addRow("%s %s", product, name) << path << compressed;
             };
             row("confs", false);
@@ -37,7 +38,7 @@ private Q_SLOTS:
 
     void registeringByHand()
     {
-        const QString path = QStringLiteral(":/widgets/lorvan/tools.xml");
+        const QString path = ":/widgets/lorvan/tools.xml"_s;
         QCOMPARE(qCleanupResources_quendahelp(), 1);
         QVERIFY(!QFile::exists(path));
         QCOMPARE(qInitResources_quendahelp(), 1);

@@ -1,4 +1,5 @@
 #include "Util/Utils.h"
+#include "Table.h"
 
 #include <QDomDocument>
 #include <QSet>
@@ -14,18 +15,17 @@ class UtilsTest : public QObject
 private Q_SLOTS:
     void base64_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QByteArray>("text");
+        addColumns<QByteArray, QByteArray>("bytes", "text");
         // RFC 4648, section 10.
-        QTest::addRow("no bytes") << QByteArray() << QByteArray();
-        QTest::addRow("f") << QByteArray("f") << QByteArray("Zg==");
-        QTest::addRow("fo") << QByteArray("fo") << QByteArray("Zm8=");
-        QTest::addRow("foo") << QByteArray("foo") << QByteArray("Zm9v");
-        QTest::addRow("foob") << QByteArray("foob") << QByteArray("Zm9vYg==");
-        QTest::addRow("fooba") << QByteArray("fooba") << QByteArray("Zm9vYmE=");
-        QTest::addRow("foobar") << QByteArray("foobar") << QByteArray("Zm9vYmFy");
-        QTest::addRow("both safe characters") << QByteArray("\xfb\xff") << QByteArray("-_8=");
-        QTest::addRow("FF") << QByteArray("\xff") << QByteArray("_w==");
+        addRow("no bytes", QByteArray(), QByteArray());
+        addRow("f", QByteArray("f"), QByteArray("Zg=="));
+        addRow("fo", QByteArray("fo"), QByteArray("Zm8="));
+        addRow("foo", QByteArray("foo"), QByteArray("Zm9v"));
+        addRow("foob", QByteArray("foob"), QByteArray("Zm9vYg=="));
+        addRow("fooba", QByteArray("fooba"), QByteArray("Zm9vYmE="));
+        addRow("foobar", QByteArray("foobar"), QByteArray("Zm9vYmFy"));
+        addRow("both safe characters", QByteArray("\xfb\xff"), QByteArray("-_8="));
+        addRow("FF", QByteArray("\xff"), QByteArray("_w=="));
     }
 
     void base64()
@@ -53,19 +53,17 @@ private Q_SLOTS:
 
     void lenientDecoding_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QByteArray>("bytes");
+        addColumns<QByteArray, QByteArray>("text", "bytes");
         const QByteArray fbff("\xfb\xff");
-        QTest::addRow("no fill") << QByteArray("-_8") << fbff;
-        QTest::addRow("standard alphabet") << QByteArray("+/8=") << fbff;
-        QTest::addRow("mixed alphabets") << QByteArray("-/8=") << fbff;
-        QTest::addRow("line break") << QByteArray("-_8=\n") << fbff;
-        QTest::addRow("fill everywhere") << QByteArray("=-=_=8=") << fbff;
-        QTest::addRow("bits go on after the fill")
-            << QByteArray("Zg==Zg==") << QByteArray("f\x06\x60");
-        QTest::addRow("junk between") << QByteArray(" Z\t*g\xe9\0\x80=!", 11) << QByteArray("f");
-        QTest::addRow("one character") << QByteArray("Z") << QByteArray();
-        QTest::addRow("junk alone") << QByteArray("!?.\n") << QByteArray();
+        addRow("no fill", QByteArray("-_8"), fbff);
+        addRow("standard alphabet", QByteArray("+/8="), fbff);
+        addRow("mixed alphabets", QByteArray("-/8="), fbff);
+        addRow("line break", QByteArray("-_8=\n"), fbff);
+        addRow("fill everywhere", QByteArray("=-=_=8="), fbff);
+        addRow("bits go on after the fill", QByteArray("Zg==Zg=="), QByteArray("f\x06\x60"));
+        addRow("junk between", QByteArray(" Z\t*g\xe9\0\x80=!", 11), QByteArray("f"));
+        addRow("one character", QByteArray("Z"), QByteArray());
+        addRow("junk alone", QByteArray("!?.\n"), QByteArray());
     }
 
     void lenientDecoding()
@@ -76,23 +74,18 @@ private Q_SLOTS:
 
     void md5_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("digest");
-        const auto row = [](const char *name, const QString &text, const char *digest) {
-            QTest::addRow("%s", name) << text << QString::fromLatin1(digest);
-        };
+        addColumns<QString, QString>("text", "digest");
         // RFC 1321, appendix A.5.
-        row("empty", QString(), "d41d8cd98f00b204e9800998ecf8427e");
-        row("abc", QStringLiteral("abc"), "900150983cd24fb0d6963f7d28e17f72");
+        addRow("empty", QString(), "d41d8cd98f00b204e9800998ecf8427e");
+        addRow("abc", "abc"_s, "900150983cd24fb0d6963f7d28e17f72");
         // The rest: md5sum of the bytes in the names.
-        row("E9", QStringLiteral("\u00e9"), "3406877694691ddd1dfb0aca54681407");
-        row("FF", QStringLiteral("\u00ff"), "00594fd4f42ba43fc1ca0427a0576295");
-        row("3F", QStringLiteral("\u0100"), "d1457b72c3fb323a2671125aef3eab5d");
-        row("3F for the euro sign", QStringLiteral("\u20ac"), "d1457b72c3fb323a2671125aef3eab5d");
-        row("3F 3F for one pair", QStringLiteral("\U0001f9f5"), "ea03fcb8c47822bce772cf6c07d0ebbb");
-        row("fifteen Latin-1 characters and one above",
-            QStringLiteral("\u00e9").repeated(15) + QChar(0x100),
-            "58ccff2ab15fdc3a490fd4703f4c3e8e");
+        addRow("E9", "\u00e9"_s, "3406877694691ddd1dfb0aca54681407");
+        addRow("FF", "\u00ff"_s, "00594fd4f42ba43fc1ca0427a0576295");
+        addRow("3F", "\u0100"_s, "d1457b72c3fb323a2671125aef3eab5d");
+        addRow("3F for the euro sign", "\u20ac"_s, "d1457b72c3fb323a2671125aef3eab5d");
+        addRow("3F 3F for one pair", "\U0001f9f5"_s, "ea03fcb8c47822bce772cf6c07d0ebbb");
+        addRow("fifteen Latin-1 characters and one above", "\u00e9"_s.repeated(15) + QChar(0x100),
+               "58ccff2ab15fdc3a490fd4703f4c3e8e");
     }
 
     void md5()
@@ -103,24 +96,16 @@ private Q_SLOTS:
 
     void childText_data()
     {
-        QTest::addColumn<QString>("xml");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("found");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const char *name, const char *xml, const char *child, bool found,
-                            const char *text) {
-            QTest::addRow("%s", name) << QString::fromUtf8(xml) << QString::fromUtf8(child) << found
-                                      << QString::fromUtf8(text);
-        };
-        row("first of two", "<p><a/><b>1</b><b>2</b></p>", "b", true, "1");
-        row("missing", "<p><a>1</a></p>", "b", false, "");
-        row("no content", "<p><b/></p>", "b", true, "");
-        row("grandchild", "<p><a><b>1</b></a></p>", "b", false, "");
-        row("other case", "<p><B>1</B></p>", "b", false, "");
-        row("any name", "<p>text<!-- c --><a>1</a><b>2</b></p>", "", true, "1");
-        row("any name, but no element", "<p>text</p>", "", false, "");
-        row("nested, CDATA, comment", "<p><b> 1<i>2<!-- x --></i><?y z?><![CDATA[<3>]]>4 </b></p>",
-            "b", true, " 12<3>4 ");
+        addColumns<QString, QString, bool, QString>("xml", "name", "found", "text");
+        addRow("first of two", "<p><a/><b>1</b><b>2</b></p>", "b", true, "1");
+        addRow("missing", "<p><a>1</a></p>", "b", false, "");
+        addRow("no content", "<p><b/></p>", "b", true, "");
+        addRow("grandchild", "<p><a><b>1</b></a></p>", "b", false, "");
+        addRow("other case", "<p><B>1</B></p>", "b", false, "");
+        addRow("any name", "<p>text<!-- c --><a>1</a><b>2</b></p>", "", true, "1");
+        addRow("any name, but no element", "<p>text</p>", "", false, "");
+        addRow("nested, CDATA, comment",
+               "<p><b> 1<i>2<!-- x --></i><?y z?><![CDATA[<3>]]>4 </b></p>", "b", true, " 12<3>4 ");
     }
 
     void childText()
@@ -141,7 +126,7 @@ private Q_SLOTS:
     void childTextOfANullElement()
     {
         bool found = true;
-        QVERIFY(!Utils::readChildEleText(QDomElement(), QStringLiteral("b"), found).isNull());
+        QVERIFY(!Utils::readChildEleText(QDomElement(), "b"_s, found).isNull());
         QVERIFY(!found);
     }
 

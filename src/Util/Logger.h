@@ -17,11 +17,12 @@ namespace Quenda::Kit {
 class QUENDAHELP_EXPORT LogEvent : public QEvent
 {
 public:
+    /** A record of event type 1000 (QEvent::User). */
     LogEvent(LogLevel recordLevel, const QString &recordText);
     ~LogEvent() override;
 
-    const LogLevel level;
-    const QString text;
+    const LogLevel level; ///< The severity, for DefaultLogger().
+    const QString text; ///< Shared with the producer's text, not copied.
 };
 
 /**

@@ -15,6 +15,7 @@ namespace Quenda {
 class QUENDACORE_EXPORT ConnectorImpl : public Help::AbstractConnector
 {
 public:
+    /** The connector of a host that runs @p productId. */
     explicit ConnectorImpl(const QString &productId = QString());
     virtual ~ConnectorImpl();
     Q_DISABLE_COPY(ConnectorImpl)
@@ -27,6 +28,7 @@ public:
     /** Takes effect for the documents that are read from now on. */
     void setProductId(const QString &newId);
 
+    /** Keeps @p newStore, which may be empty, in the place of the one before. */
     void setAppData(boost::shared_ptr<Help::AbstractDataSafe> newStore) override;
 
     /** The configuration handed over last; empty before start-up and for a product that has none.

@@ -73,7 +73,7 @@ void addWholeWay()
         for ([[maybe_unused]] auto step : state) {
             for (int i = 0; i < records; ++i)
                 Logger::logErr(text);
-            QCoreApplication::sendPostedEvents(Logger::instance());
+            QCoreApplication::sendPostedEvents();
         }
         Quenda::setDefaultLogger(LogLevel::Error, previous);
         state.SetItemsProcessed(state.iterations() * records);

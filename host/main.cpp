@@ -124,24 +124,15 @@ struct CommandLine
 
     explicit CommandLine(const QStringList &arguments)
     {
-        parser.addOptions({help, version, entry, document, check});
-#ifdef QUENDAHOST_SURFACE
-        parser.addOptions({window, screenshot, state, menu});
-#endif
+        parser.addOptions({help, version, entry, document, check, window, screenshot, state, menu});
         parser.addPositionalArgument(QStringLiteral("product"),
                                      QStringLiteral("The product that is running."));
         isValid = parser.parse(arguments);
     }
 
-    bool has(const QCommandLineOption &option) const
-    {
-        return parser.optionNames().contains(option.names().constLast());
-    }
+    bool has(const QCommandLineOption &option) const { return parser.isSet(option); }
 
-    bool wantsSurface() const
-    {
-        return has(window) || has(screenshot);
-    }
+    bool wantsSurface() const { return has(window) || has(screenshot); }
 
     // How many of the options that each ask for an output of its own.
     int outputs() const
@@ -275,14 +266,19 @@ int showSurface(const CommandLine &line, const QString &product, const AbstractD
             QStringLiteral("cannot write %1: %2").arg(writer.fileName(), writer.errorString()));
     return 0;
 }
+#else
+int showSurface(const CommandLine &, const QString &, const AbstractDataSafe &)
+{
+    return fail(wrongUsage, QStringLiteral("this host was built without Qt Widgets"));
+}
+#endif
 
-// Qt ends the process when a window is asked for and there is none.
+// Qt ends the process when a window is asked for and there is no display.
 bool hasDisplay()
 {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
            || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
-#endif
 
 int run(CommandLine &line)
 {
@@ -312,11 +308,9 @@ int run(CommandLine &line)
     const QStringList names = parser.positionalArguments();
     if (line.has(line.check))
         return checkDocuments(names);
-#ifdef QUENDAHOST_SURFACE
     if (line.has(line.window) && !hasDisplay())
         return fail(wrongUsage,
                     QStringLiteral("--window needs a display; --screenshot does without"));
-#endif
     if (names.size() != 1)
         return fail(wrongUsage,
                     QStringLiteral("needs one product (%1); see --help").arg(allProducts()));
@@ -331,10 +325,8 @@ int run(CommandLine &line)
         return printEntry(parser.value(line.entry), *store);
     if (line.has(line.document))
         return printDocument(parser.value(line.document), *store);
-#ifdef QUENDAHOST_SURFACE
     if (line.wantsSurface())
         return showSurface(line, product, *store);
-#endif
     return print(configurationReport(product, *store).toUtf8());
 }
 

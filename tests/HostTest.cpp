@@ -110,6 +110,7 @@ private Q_SLOTS:
         row("lorvan --unknown", 2, "", "Unknown option 'unknown'");
         row("lorvan --entry", 2, "", "Missing value after '--entry'");
         row("", 2, "", "needs one product");
+        row("lorvan -x", 2, "", "Unknown option 'x'");
         row("lorvan tesmar", 2, "", "needs one product");
         row("--check none", 2, "", "\"none\" is neither a file nor a product");
         row("--check lorvan --entry a", 2, "", "exclude each other");

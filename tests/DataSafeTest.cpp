@@ -1,8 +1,6 @@
 #include "Config/DataSafe.h"
 #include "Table.h"
 
-#include <boost/shared_ptr.hpp>
-
 #include <QtTest>
 
 #include <cmath>
@@ -176,24 +174,6 @@ private Q_SLOTS:
         QCOMPARE(store.getInt(name), 2); // not by way of the overridden getDouble()
         QCOMPARE(store.DataSafe::getDouble(name), 2.0);
         QCOMPARE(flagOf(store, &AbstractDataSafe::getBool), false);
-    }
-
-    // The leak checker sees the rest: the entries of a store that was not destroyed as what it is.
-    void theLastHandleDestroysTheConcreteStore()
-    {
-        struct Watched : DataSafe
-        {
-            explicit Watched(bool *flag) : destroyed(flag) { }
-            ~Watched() { *destroyed = true; }
-            bool *destroyed;
-        };
-        bool destroyed = false;
-        boost::shared_ptr<AbstractDataSafe> handle(new Watched(&destroyed));
-        boost::shared_ptr<AbstractDataSafe> copy = handle;
-        handle.reset();
-        QVERIFY(!destroyed);
-        copy.reset();
-        QVERIFY(destroyed);
     }
 };
 

@@ -41,13 +41,16 @@ static_assert(!std::is_default_constructible_v<Kit::Logger>);
 
 namespace {
 
-// In the Itanium C++ ABI, a pointer to a virtual member function holds 1 + the slot's offset.
+// In the Itanium C++ ABI, a pointer to a virtual member function holds the slot's offset and a bit
+// that marks it as virtual: in the same word, or on ARM in the other one.
 template <typename MemberFunction>
 int slotOf(MemberFunction function)
 {
-    std::ptrdiff_t offset = 0;
-    std::memcpy(&offset, &function, sizeof offset);
-    return offset % 2 == 1 ? static_cast<int>(offset / static_cast<int>(sizeof(void *))) : -1;
+    std::ptrdiff_t words[2] = {0, 0};
+    static_assert(sizeof words == sizeof function);
+    std::memcpy(words, &function, sizeof words);
+    const bool isVirtual = (words[0] | words[1]) % 2 != 0;
+    return isVirtual ? static_cast<int>(words[0] / std::ptrdiff_t(sizeof(void *))) : -1;
 }
 
 struct Visitor : DomVisitor

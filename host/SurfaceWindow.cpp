@@ -215,7 +215,7 @@ void SurfaceWindow::addSelectors()
     presentationSelector->addItem(QStringLiteral("Tool boxes"), ToolBoxes);
     presentationSelector->addItem(QStringLiteral("Tool bars"), ToolBars);
     presentationSelector->addItem(QStringLiteral("Tool boxes and tool bars"), ToolBoxesAndToolBars);
-    presentationSelector->setCurrentIndex(ToolBoxesAndToolBars);
+    setPresentation(ToolBoxesAndToolBars);
     for (QComboBox *selector : {stateSelector, presentationSelector})
         connect(selector, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
                 &SurfaceWindow::showAvailable);
@@ -249,7 +249,7 @@ void SurfaceWindow::setState(quint32 code)
 
 void SurfaceWindow::setPresentation(Presentation presentation)
 {
-    presentationSelector->setCurrentIndex(presentation);
+    presentationSelector->setCurrentIndex(presentationSelector->findData(presentation));
 }
 
 void SurfaceWindow::showAvailable()
@@ -259,11 +259,11 @@ void SurfaceWindow::showAvailable()
     for (ToolBoxGrid *grid : qAsConst(grids))
         grid->showAvailable(state);
     for (const auto &dock : qAsConst(docks))
-        dock.widget->setVisible(presentation != ToolBars && isAvailable(dock.mode, state));
+        dock.object->setVisible(presentation != ToolBars && isAvailable(dock.mode, state));
     for (const auto &item : qAsConst(barItems))
-        item.widget->setVisible(isAvailable(item.mode, state));
+        item.object->setVisible(isAvailable(item.mode, state));
     for (const auto &bar : qAsConst(bars))
-        bar.widget->setVisible(presentation != ToolBoxes && isAvailable(bar.mode, state));
+        bar.object->setVisible(presentation != ToolBoxes && isAvailable(bar.mode, state));
     caption->setText(stateSelector->currentText());
     // A bar that is too long would hide its last tools.
     if (const int needed = widestRow(); width() < needed)
@@ -275,11 +275,11 @@ int SurfaceWindow::widestRow() const
     int widest = 0;
     int row = 0;
     for (const auto &bar : bars) {
-        if (bar.widget->isHidden())
+        if (bar.object->isHidden())
             continue;
-        if (toolBarBreak(bar.widget))
+        if (toolBarBreak(bar.object))
             row = 0;
-        row += bar.widget->sizeHint().width();
+        row += bar.object->sizeHint().width();
         widest = std::max(widest, row);
     }
     return widest;

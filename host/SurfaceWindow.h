@@ -54,10 +54,10 @@ public:
 private:
     class ToolBoxGrid;
 
-    template <typename Widget>
+    template <typename Object>
     struct Masked
     {
-        Widget *widget;
+        Object *object;
         quint32 mode;
     };
 

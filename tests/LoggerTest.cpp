@@ -6,7 +6,10 @@
 #include <QScopeGuard>
 #include <QtTest>
 
-#include <memory>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <exception>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -142,6 +145,30 @@ private Q_SLOTS:
         QVERIFY_EXCEPTION_THROWN(Logger::instance()->event(&record), std::runtime_error);
         QVERIFY(lines == (Lines {{LogLevel::Error, "held"}}));
         QVERIFY(errors.atLineStart);
+    }
+
+    // In a process of its own, which must not survive.
+    void lineThatCannotBeWritten()
+    {
+        struct Throwing : TextLineComposer<char>
+        {
+            void writeLine(const std::string &) override { throw std::runtime_error("full"); }
+        };
+        const pid_t child = fork();
+        if (child == 0) {
+            std::set_terminate([] { _exit(42); });
+            Throwing composer;
+            setDefaultLogger(LogLevel::Error, &composer);
+            LogEvent record(LogLevel::Error, "text"_s);
+            try {
+                Logger::instance()->event(&record);
+            } catch (...) {
+            }
+            _exit(0);
+        }
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QCOMPARE(WEXITSTATUS(status), 42);
     }
 
     void otherEventsAreConsumed()

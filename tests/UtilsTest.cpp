@@ -123,13 +123,6 @@ private Q_SLOTS:
         }
     }
 
-    void childTextOfANullElement()
-    {
-        bool found = true;
-        QVERIFY(!Utils::readChildEleText(QDomElement(), "b"_s, found).isNull());
-        QVERIFY(!found);
-    }
-
     void randDependsOnTheMillisecondAlone()
     {
         QSet<int> results;

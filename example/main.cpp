@@ -1,5 +1,6 @@
 #include <Help/AbstractDataSafe.h>
 #include <Help/Controller.h>
+#include <Help/EntryNames.h>
 #include <QuendaCore/ConnectorImpl.h>
 #include <Util/Logger.h>
 
@@ -28,7 +29,8 @@ int main(int argc, char *argv[])
         qInfo() << "At most" << pieces << "pieces";
     qInfo() << "Documents are saved under"
             << configuration->getString(QStringLiteral("fileSaveDomain"));
-    qInfo() << "Menu document:" << configuration->getString(QStringLiteral("menubar")).size()
+    qInfo() << "Menu document:"
+            << configuration->getString(Quenda::Help::EntryNames::menuDocument()).size()
             << "characters";
     return 0;
 }

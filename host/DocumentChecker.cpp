@@ -3,6 +3,8 @@
 #include "Entries.h"
 #include "ToolDocument.h"
 
+#include <Help/EntryNames.h>
+
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QKeySequence>
@@ -14,6 +16,8 @@
 #include <iterator>
 #include <optional>
 #include <vector>
+
+namespace EntryNames = Quenda::Help::EntryNames;
 
 namespace {
 
@@ -225,9 +229,9 @@ private:
     {
         const auto known = std::find_if(knownEntries().begin(), knownEntries().end(),
                                         [&name](const KnownEntry &k) { return k.name == name; });
-        if (name == QLatin1String("menubar") || name == QLatin1String("widgetConfig"))
+        if (name == EntryNames::menuDocument() || name == EntryNames::toolDocument())
             remark(entry, QStringLiteral("entry \"%1\" takes the place of a document").arg(name));
-        else if (name == QLatin1String(fileKeyEntry))
+        else if (name == EntryNames::fileKey())
             remark(entry,
                    QStringLiteral("entry \"%1\" has no effect; the library sets it").arg(name));
         else if (known == knownEntries().end())

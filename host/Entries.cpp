@@ -1,5 +1,7 @@
 #include "Entries.h"
 
+#include <Help/EntryNames.h>
+
 const QVector<KnownEntry> &knownEntries()
 {
     static const QVector<KnownEntry> entries {
@@ -27,7 +29,7 @@ const QVector<KnownEntry> &knownEntries()
         {QStringLiteral("lockinMarkerEnabled"), EntryType::Flag},
         {QStringLiteral("optimizeEnabled"), EntryType::Flag},
         {QStringLiteral("toolEnabled"), EntryType::Flag},
-        {QLatin1String(fileKeyEntry), EntryType::Text},
+        {Quenda::Help::EntryNames::fileKey(), EntryType::Text},
     };
     return entries;
 }

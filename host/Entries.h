@@ -23,6 +23,3 @@ const QVector<KnownEntry> &knownEntries();
 
 /** The word for @p type in reports. */
 QString entryTypeName(EntryType type);
-
-/** The entry that holds the key of the host's document files. */
-constexpr char fileKeyEntry[] = "quenda_file_key";

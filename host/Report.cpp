@@ -4,6 +4,7 @@
 #include "ToolDocument.h"
 
 #include <Help/AbstractDataSafe.h>
+#include <Help/EntryNames.h>
 #include <Util/Logger.h>
 
 #include <QDomDocument>
@@ -12,6 +13,7 @@
 #include <array>
 
 using Quenda::Help::AbstractDataSafe;
+namespace EntryNames = Quenda::Help::EntryNames;
 using Quenda::Kit::Logger;
 
 namespace {
@@ -42,7 +44,7 @@ QString valueForPeople(const AbstractDataSafe &store, const KnownEntry &entry)
         Logger::logWarn(QStringLiteral("entry \"%1\" holds \"%2\", which is no %3")
                             .arg(entry.name, value, entryTypeName(entry.type)));
     }
-    if (entry.name == QLatin1String(fileKeyEntry) && value.size() > 2)
+    if (entry.name == EntryNames::fileKey() && value.size() > 2)
         value = value.front() + QString(value.size() - 2, QLatin1Char('*')) + value.back();
     return value.isEmpty() ? QStringLiteral("(empty)") : value;
 }
@@ -123,8 +125,8 @@ QString configurationReport(const QString &product, const AbstractDataSafe &stor
             entries.append({entry.name, valueForPeople(store, entry), entryTypeName(entry.type)});
     }
 
-    const QString tools = store.getString(QStringLiteral("widgetConfig"));
-    const QString menus = store.getString(QStringLiteral("menubar"));
+    const QString tools = store.getString(EntryNames::toolDocument());
+    const QString menus = store.getString(EntryNames::menuDocument());
     const QVector<Row> documents {
         {QStringLiteral("Document"), QStringLiteral("Size"), QStringLiteral("Holds")},
         documentRow(QStringLiteral("tools"), tools, toolsSummary(tools)),

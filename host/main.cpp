@@ -8,6 +8,7 @@
 
 #include <Help/AbstractDataSafe.h>
 #include <Help/Controller.h>
+#include <Help/EntryNames.h>
 #include <QuendaCore/ConnectorImpl.h>
 #include <Util/Logger.h>
 
@@ -31,6 +32,7 @@
 #include <optional>
 
 using Quenda::Help::AbstractDataSafe;
+namespace EntryNames = Quenda::Help::EntryNames;
 using Quenda::Kit::Logger;
 
 namespace {
@@ -78,9 +80,9 @@ int printEntry(const QString &name, const AbstractDataSafe &store)
 int printDocument(const QString &document, const AbstractDataSafe &store)
 {
     if (document == QLatin1String("tools"))
-        return print(store.getString(QStringLiteral("widgetConfig")).toUtf8());
+        return print(store.getString(EntryNames::toolDocument()).toUtf8());
     if (document == QLatin1String("menus"))
-        return print(store.getString(QStringLiteral("menubar")).toUtf8());
+        return print(store.getString(EntryNames::menuDocument()).toUtf8());
     return fail(wrongUsage,
                 QStringLiteral("no document \"%1\"; there are: tools, menus").arg(document));
 }
@@ -217,11 +219,10 @@ int checkDocuments(const QStringList &names)
 int showSurface(const CommandLine &line, const QString &product, const AbstractDataSafe &store)
 {
     QString error;
-    const auto tools =
-        ToolDocument::fromText(store.getString(QStringLiteral("widgetConfig")), &error);
+    const auto tools = ToolDocument::fromText(store.getString(EntryNames::toolDocument()), &error);
     if (!tools)
         return fail(notFound, QStringLiteral("tool document: %1").arg(error));
-    QMenuBar *menuBar = loadMenuBar(store.getString(QStringLiteral("menubar")), &error);
+    QMenuBar *menuBar = loadMenuBar(store.getString(EntryNames::menuDocument()), &error);
     if (!menuBar)
         return fail(notFound, QStringLiteral("menu document: %1").arg(error));
 

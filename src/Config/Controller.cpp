@@ -1,6 +1,7 @@
 #include <Help/Controller.h>
 
 #include <Help/AbstractDataSafe.h>
+#include <Help/EntryNames.h>
 
 #include "Config/DataSafe.h"
 
@@ -15,8 +16,7 @@ namespace Quenda::Help {
 
 namespace {
 
-// What every product's document files are locked with; applications know it under
-// "quenda_file_key".
+// What every product's document files are locked with.
 constexpr char fileKey[] = "0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk";
 
 QString resourcePath(const QString &pattern, ConnectorImpl *connector)
@@ -52,14 +52,14 @@ boost::shared_ptr<AbstractDataSafe> createDataSafe()
 
     // The framework may answer differently from one document to the next, so it is asked before
     // each.
-    if (!putDocument(*store, QStringLiteral("widgetConfig"),
+    if (!putDocument(*store, EntryNames::toolDocument(),
                      resourcePath(QStringLiteral(":/widgets/%1/tools.xml"), connector)))
         return {};
-    if (!putDocument(*store, QStringLiteral("menubar"),
+    if (!putDocument(*store, EntryNames::menuDocument(),
                      resourcePath(QStringLiteral(":/widgets/%1/menus.xml"), connector)))
         return {};
     putEntries(*store, resourcePath(QStringLiteral(":/widgets/%1/confs.xml"), connector));
-    store->put(QStringLiteral("quenda_file_key"), QLatin1String(fileKey));
+    store->put(EntryNames::fileKey(), QLatin1String(fileKey));
     return store;
 }
 

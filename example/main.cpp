@@ -10,6 +10,8 @@
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
+    // On the main thread, before any other thread logs.
+    Quenda::Kit::Logger::init();
 
     // The framework's connector says which product is running ...
     Quenda::ConnectorImpl connector(QStringLiteral("lorvan"));

@@ -10,7 +10,7 @@ QString DomVisitor::visit(const QString &text)
 {
     QDomDocument document;
     QString message;
-    if (!document.setContent(text, &message, nullptr, nullptr)) {
+    if (!document.setContent(text, &message)) {
         onError(message);
         return message;
     }
@@ -28,28 +28,24 @@ DomVisitor::VisitCmd DomVisitor::visit(const QDomElement &element)
 
 DomVisitor::VisitCmd DomVisitor::doVisit(const QDomElement &element)
 {
-    bool inChildren = false;
-    try {
-        for (QDomElement current = element; !current.isNull();
-             current = current.nextSiblingElement()) {
+    const auto walk = [this](const auto &walkChildren, QDomElement current) -> VisitCmd {
+        for (; !current.isNull(); current = current.nextSiblingElement()) {
             const VisitCmd command = onElement(current);
             if (command == Stop)
                 return Stop;
             if (command == SkipChildren)
                 continue;
-
-            const QDomElement child = current.firstChildElement();
-            inChildren = true;
-            const VisitCmd children = doVisit(child);
-            inChildren = false;
-            if (children == Stop || onEndElement(current) == Stop)
+            if (walkChildren(walkChildren, current.firstChildElement()) == Stop
+                || onEndElement(current) == Stop)
                 return Stop;
         }
         return Continue;
+    };
+
+    // Around the walk as a whole, so that what onError() throws is caught at no level.
+    try {
+        return walk(walk, element);
     } catch (...) {
-        // The level below reports its own exceptions, so only its onError() can have thrown here.
-        if (inChildren)
-            throw;
         onError(QStringLiteral("exception"));
         return Stop;
     }

@@ -15,26 +15,26 @@ namespace Quenda::Kit {
  *
  * One walk calls onVisitStarted(), then in document order onElement() on entering an element and
  * onEndElement() after its subtree, and at last onVisitEnded(). Only elements reach the handlers; a
- * reader that needs text takes it from the element. A reader overrides what it needs and keeps its
- * own results: the base has no state.
+ * reader that needs text takes it from the element. This class has no state: whatever a reader
+ * wants to remember, it stores itself.
  *
  * An exception of any type from onElement(), onEndElement() or the DOM ends the walk: it is
  * reported once, as "exception" to onError(), and the result is Stop. What onVisitStarted(),
  * onVisitEnded() or onError() throw passes to the caller.
  *
- * A visitor is a local object of the code that runs it and belongs to one thread at a time. There
- * is no virtual destructor; do not delete one through this class. The recursion is as deep as the
- * elements are nested, without a limit of its own.
+ * A visitor serves one thread at a time and is best made where it is used, as a local variable: the
+ * destructor is not virtual, so never delete one through this class. The recursion is as deep as
+ * the elements are nested, without a limit of its own.
  */
 class QUENDAHELP_EXPORT DomVisitor
 {
 public:
     /** How the walk goes on after a handler, and how a walk ended. */
     enum VisitCmd : qint32 {
-        Continue = 0, ///< Go on; as a result: the walk reached its end.
+        Continue = 0, ///< Go on; as a result: nobody stopped the walk.
         Stop = 1, ///< End the walk at once, with no further call for any element.
-        SkipChildren =
-            2, ///< From onElement(): neither the children nor onEndElement(). Never a result.
+        /// From onElement(): neither the children nor onEndElement(). Never a result.
+        SkipChildren = 2,
     };
 
     /**
@@ -46,12 +46,10 @@ public:
      */
     QString visit(const QString &text);
 
-    /** One whole walk over @p element, its later siblings and all their subtrees; Continue or Stop.
-     */
+    /** Walks @p element, its later siblings and all their subtrees; Continue or Stop. */
     VisitCmd visit(const QDomElement &element);
 
-    /** The same without onVisitStarted() and onVisitEnded(); a null element is the end of a walk.
-     */
+    /** visit() without onVisitStarted() and onVisitEnded(); Continue at once for a null element. */
     VisitCmd doVisit(const QDomElement &element);
 
 protected:

@@ -24,14 +24,11 @@ DomVisitor::VisitCmd AppDataParser::onElement(const QDomElement &element)
     if (element.tagName() != QLatin1String("entry"))
         return Continue;
 
-    QString name = element.attribute(QStringLiteral("name"));
+    const QString name = element.attribute(QStringLiteral("name"));
     if (name.isEmpty()) {
         onError(QStringLiteral("missing name attr in <entry>"));
         return Stop;
     }
-    // A copy of its own: names that outlive the document would leave its memory in pieces, which
-    // costs more than copying them as soon as documents are large.
-    name.detach();
     entries.insert(name, element.text());
     return Continue;
 }

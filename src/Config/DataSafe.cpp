@@ -60,6 +60,7 @@ int DataSafe::getInt(const QString &name, bool *ok) const
     constexpr double below = -2147483649.0;
     constexpr double above = 2147483648.0;
 
+    // Not the virtual call: a class that overrides getDouble() does not change what this gives.
     const double number = DataSafe::getDouble(name, ok);
     return number > below && number < above ? static_cast<int>(number) : lowest;
 }

@@ -33,9 +33,11 @@ static_assert(std::is_empty_v<Kit::Utils>);
 static_assert(!std::has_virtual_destructor_v<AbstractDataSafe>);
 static_assert(!std::has_virtual_destructor_v<AbstractConnector>);
 static_assert(!std::has_virtual_destructor_v<DomVisitor>);
-// Nobody deletes through the interfaces, and there is no second controller or logger.
+// Nobody deletes or assigns through the interfaces, and there is no second controller or logger.
 static_assert(!std::is_destructible_v<AbstractDataSafe>);
 static_assert(!std::is_destructible_v<AbstractConnector>);
+static_assert(!std::is_copy_assignable_v<AbstractDataSafe>);
+static_assert(!std::is_copy_assignable_v<AbstractConnector>);
 static_assert(!std::is_default_constructible_v<Help::Controller>);
 static_assert(!std::is_default_constructible_v<Kit::Logger>);
 

@@ -13,8 +13,8 @@ class AbstractDataSafe;
 /**
  * What the library asks of the host's framework, which implements it as Quenda::ConnectorImpl.
  *
- * The connector exists before Controller::startUp() is called and is used on that call's thread
- * only. The library never deletes it.
+ * The connector exists before Controller::startUp() is called. The library uses it on that call's
+ * thread only and never deletes it.
  */
 class QUENDAHELP_EXPORT AbstractConnector
 {
@@ -26,13 +26,18 @@ public:
     virtual QString productId() = 0;
 
     /**
-     * Receives the configuration. The connector keeps @p store, and is its only owner, for as long
-     * as the host reads from it. An empty handle means that the product has no configuration.
+     * Receives the configuration. The library keeps no handle of its own, so the connector keeps
+     * @p store at least as long as the host needs it. An empty handle means that the product has no
+     * configuration.
      */
     virtual void setAppData(boost::shared_ptr<AbstractDataSafe> store) = 0;
 
 protected:
+    AbstractConnector() = default;
     ~AbstractConnector() = default;
+
+private:
+    Q_DISABLE_COPY(AbstractConnector)
 };
 
 } // namespace Quenda::Help

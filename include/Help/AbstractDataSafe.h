@@ -10,8 +10,8 @@ namespace Quenda::Help {
 /**
  * The product configuration as the host sees it: a flat dictionary of named texts.
  *
- * Every value is text; it gets a type only when it is read. The same entry may be read through any
- * getter. Names and values are compared and kept exactly, UTF-16 code unit by code unit.
+ * Every value is text, kept as it was put; it gets a type only when it is read. The same entry may
+ * be read through any getter. Names are compared by UTF-16 code unit, so letter case counts.
  *
  * A store is made by the library, handed to the host as a boost::shared_ptr and destroyed with the
  * last handle. The interface has no destructor slot, so that the order of its slots stays as
@@ -57,7 +57,11 @@ public:
     virtual void put(const QString &name, const QString &value) = 0;
 
 protected:
+    AbstractDataSafe() = default;
     ~AbstractDataSafe() = default;
+
+private:
+    Q_DISABLE_COPY(AbstractDataSafe)
 };
 
 } // namespace Quenda::Help

@@ -48,6 +48,13 @@ private:
     TextLineComposer<char> *previous;
 };
 
+// Destroyed after the logger and everything else that the tests make. Until then, a record may have
+// to be written.
+const struct LastWriter
+{
+    ~LastWriter() { Quenda::DefaultLogger(LogLevel::Debug)->writeLine("the last line"); }
+} lastWriter;
+
 void deliver()
 {
     QCoreApplication::sendPostedEvents(Logger::instance());

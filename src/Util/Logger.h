@@ -26,23 +26,27 @@ public:
 };
 
 /**
- * The process's logger: any thread hands it a line, and the line is written later, on the logger's
- * own thread, through the framework's output for the severity (DefaultLogger()).
+ * The process's logger. Threads only queue their records; the logger's own thread writes them from
+ * its event loop, with the framework's composer for the severity (DefaultLogger()).
  *
- * The first instance() makes the logger, and its thread is the logger's: call init() during
- * start-up on the thread that runs the event loop, before any other thread logs. The logger is
- * destroyed at exit, or when the library is unloaded.
+ * The first instance() makes the logger, and its thread is the logger's: call init() on the thread
+ * that runs the event loop, so early in the start-up that no other thread has logged yet.
  *
- * log(), logErr() and logWarn() may be called from any thread at once. They take no lock of their
- * own, format nothing and report nothing back. Records are written in the order in which they were
- * posted; those posted before the event loop runs wait for it.
+ * log(), logErr() and logWarn() are thread-safe. They take no lock of
+ * their own, format nothing and report nothing back. Records are written in the order in which they
+ * were posted; those posted before the event loop runs wait for it. A record is written as it is,
+ * in one line whatever it holds: the framework decorates. A severity for which the framework has no
+ * composer is dropped.
  *
- * Records still waiting when the logger is destroyed are dropped. A host that wants to lose none,
- * once its other threads have ended and before it quits, calls on the logger's thread
- * `QCoreApplication::sendPostedEvents(Quenda::Kit::Logger::instance())`.
+ * The logger is a static object, destroyed after main() or when the library is unloaded, and the
+ * records that still wait are dropped with it. Whoever logs or delivers afterwards uses an object
+ * that is gone. Before its main() returns, or anything calls exit(), a host has therefore
+ * - ended all its other threads that log, and the logger's event loop;
+ * - delivered what waits, if it wants to lose no record: on the logger's thread, with
+ *   `QCoreApplication::sendPostedEvents(Quenda::Kit::Logger::instance())`;
+ * - no static object that was made before the logger and logs in its destructor.
  *
- * A record is written as it is, in one line whatever it holds: the framework decorates. A severity
- * for which the framework has no composer is dropped.
+ * The framework's composers have to outlive the logger.
  */
 class QUENDAHELP_EXPORT Logger : public QObject
 {

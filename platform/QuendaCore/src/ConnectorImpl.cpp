@@ -18,7 +18,8 @@ ConnectorImpl::ConnectorImpl(const QString &productId) : id(productId)
 
 ConnectorImpl::~ConnectorImpl()
 {
-    theConnector = nullptr;
+    if (theConnector == this)
+        theConnector = nullptr;
 }
 
 ConnectorImpl *ConnectorImpl::instance()

@@ -22,32 +22,40 @@ private:
     std::string word;
 };
 
-// The place for a severity's composer; null for a value that is no severity.
-TextLineComposer<char> **composerOf(LogLevel level)
+struct Severity
 {
-    static std::array<StandardErrorComposer, 5> standard {
-        StandardErrorComposer("fatal"), StandardErrorComposer("error"),
-        StandardErrorComposer("warning"), StandardErrorComposer("info"),
-        StandardErrorComposer("debug")};
-    static std::array<TextLineComposer<char> *, 5> current {
-        standard.data(), &standard[1], &standard[2], &standard[3], &standard[4]};
+    StandardErrorComposer standard;
+    TextLineComposer<char> *current = &standard;
+};
+
+// Null for a value that is no severity.
+Severity *severityOf(LogLevel level)
+{
+    // Never destroyed: records may be delivered until the logger is gone.
+    static auto &severities = *new std::array<Severity, 5> {{
+        {StandardErrorComposer("fatal")},
+        {StandardErrorComposer("error")},
+        {StandardErrorComposer("warning")},
+        {StandardErrorComposer("info")},
+        {StandardErrorComposer("debug")},
+    }};
 
     const auto index = static_cast<std::size_t>(level) - static_cast<std::size_t>(LogLevel::Fatal);
-    return index < current.size() ? &current[index] : nullptr;
+    return index < severities.size() ? &severities[index] : nullptr;
 }
 
 } // namespace
 
 TextLineComposer<char> *DefaultLogger(LogLevel level)
 {
-    TextLineComposer<char> **composer = composerOf(level);
-    return composer ? *composer : nullptr;
+    const Severity *severity = severityOf(level);
+    return severity ? severity->current : nullptr;
 }
 
 TextLineComposer<char> *setDefaultLogger(LogLevel level, TextLineComposer<char> *composer)
 {
-    TextLineComposer<char> **place = composerOf(level);
-    return place ? std::exchange(*place, composer) : nullptr;
+    Severity *severity = severityOf(level);
+    return severity ? std::exchange(severity->current, composer) : nullptr;
 }
 
 void Private::printQString(std::ostream &stream, const QString &text, bool lineHasText)

@@ -14,7 +14,8 @@ namespace Quenda {
  * The composer for records of this severity, or null when nothing is written for it.
  *
  * To begin with, errors, warnings and the other severities go to standard error, each line with the
- * severity as a word in front. Only for the thread that writes the records.
+ * severity as a word in front, and by composers that last until the process has ended. Only for the
+ * thread that writes the records.
  */
 QUENDACORE_EXPORT TextLineComposer<char> *DefaultLogger(LogLevel level);
 

@@ -24,8 +24,7 @@ public:
     static int rand();
 
     /**
-     * @p bytes in the URL-safe alphabet of RFC 4648, section 5, in one line. The "=" that fill the
-     * text to a multiple of four characters stay.
+     * @p bytes in the URL-safe alphabet of RFC 4648, section 5, in one line and padded with "=".
      */
     static QByteArray urlSafeBase64Encode(const QByteArray &bytes);
 

@@ -1,5 +1,6 @@
-# Compares the symbols that the library exports with the committed list, and the libraries that it asks
-# the loader for with those that it may ask for. With RENEW, writes the list instead.
+# Compares the symbols that the library exports with the committed list, the name that it gives itself
+# with the one that applications ask the loader for, and the libraries that it asks for in turn with
+# those that it may ask for. With RENEW, writes the list instead.
 
 execute_process(
     COMMAND "${NM}" -D --defined-only --format=posix "${LIBRARY}"
@@ -35,11 +36,15 @@ report_difference(expected symbols "No longer exported, which breaks application
 report_difference(symbols expected
     "Exported, but not in the list (if this is meant: cmake --build ... --target renew-symbols):")
 
+set(names libQuendaHelp.so.1)
 set(allowed libQuendaCore.so.1 libQt5Core.so.5 libQt5Xml.so.5 libstdc++.so.6 libgcc_s.so.1 libc.so.6)
 execute_process(
     COMMAND "${READELF}" --dynamic --wide "${LIBRARY}"
     OUTPUT_VARIABLE output
     COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "\\(SONAME\\)[^\n]*" soname "${output}")
+list(TRANSFORM soname REPLACE ".*\\[(.*)\\].*" "\\1")
+report_difference(names soname "Not the library's SONAME, by which applications find it:")
 string(REGEX MATCHALL "\\(NEEDED\\)[^\n]*" needed "${output}")
 list(TRANSFORM needed REPLACE ".*\\[(.*)\\].*" "\\1")
 report_difference(needed allowed "Asked of the loader, but not the library's to need:")

@@ -1,10 +1,9 @@
 #include "Config/AppDataParser.h"
-#include "Table.h"
+#include "StringLiterals.h"
 
 #include <QtTest>
 
 using Quenda::Kit::AppDataParser;
-using Entries = QMap<QString, QString>;
 
 class AppDataParserTest : public QObject
 {
@@ -13,31 +12,34 @@ class AppDataParserTest : public QObject
 private Q_SLOTS:
     void document_data()
     {
-        addColumns<QString, QString, QString>("text", "entries", "error");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("entries");
+        QTest::addColumn<QString>("error");
 
+        const auto row = [](const char *name, const char *text, const char *entries,
+                            const char *error = "") {
+            QTest::newRow(name) << text << entries << error;
+        };
         const char nameless[] = "missing name attr in <entry>";
 
-        addRow("empty value", "<q><entry name='a'/></q>", "a=;", "");
-        addRow("blanks only", "<q><entry name='a'> \n </entry></q>", "a=;", "");
-        addRow("blanks around text stay", "<q><entry name='a'> true </entry></q>", "a= true ;", "");
-        addRow("CDATA and nested text", "<q><entry name='a'>1<![CDATA[<2>]]><b>3</b></entry></q>",
-               "a=1<2>3;", "");
-        addRow("the later of two wins", "<q><entry name='a'>1</entry><entry name='a'>2</entry></q>",
-               "a=2;", "");
-        addRow("ascending by name", "<q><entry name='b'/><entry name='a'/><entry name='B'/></q>",
-               "B=;a=;b=;", "");
-        addRow("entry in an entry", "<q><entry name='a'>1<entry name='b'>2</entry></entry></q>",
-               "a=12;b=2;", "");
-        addRow("any depth and root", "<r><s><entry name='a'>1</entry></s></r>", "a=1;", "");
-        addRow("the root itself", "<entry name='a'>1</entry>", "a=1;", "");
-        addRow("other case or prefix", "<q><Entry name='a'/><p:entry name='b'/></q>", "", "");
-        addRow("inside an element that is no entry", "<q><ENTRY><entry name='a'/></ENTRY></q>",
-               "a=;", "");
-        addRow("third without a name",
-               "<q><entry name='a'/><entry name='b'/><entry/><entry name='c'/></q>", "a=;b=;",
-               nameless);
-        addRow("empty name", "<q><entry name=''/></q>", "", nameless);
-        addRow("attribute in another case", "<q><entry Name='a'/></q>", "", nameless);
+        row("blanks only", "<q><entry name='a'> \n </entry></q>", "a=;");
+        row("blanks around text stay", "<q><entry name='a'> true </entry></q>", "a= true ;");
+        row("CDATA and nested text", "<q><entry name='a'>1<![CDATA[<2>]]><b>3</b></entry></q>",
+            "a=1<2>3;");
+        row("the later of two wins", "<q><entry name='a'>1</entry><entry name='a'>2</entry></q>",
+            "a=2;");
+        row("ascending by name", "<q><entry name='b'/><entry name='a'/><entry name='B'/></q>",
+            "B=;a=;b=;");
+        row("entry in an entry", "<q><entry name='a'>1<entry name='b'>2</entry></entry></q>",
+            "a=12;b=2;");
+        row("any depth", "<r><s><entry name='a'>1</entry></s></r>", "a=1;");
+        row("the root itself", "<entry name='a'>1</entry>", "a=1;");
+        row("other case or prefix",
+            "<q><Entry name='a'><entry name='b'/></Entry><p:entry name='c'/></q>", "b=;");
+        row("third without a name",
+            "<q><entry name='a'/><entry name='b'/><entry Name='c'/><entry name='d'/></q>", "a=;b=;",
+            nameless);
+        row("empty name", "<q><entry name=''/></q>", "", nameless);
     }
 
     void document()
@@ -49,7 +51,7 @@ private Q_SLOTS:
         parser.visit(text);
         QString entries;
         for (auto entry = parser.result().cbegin(); entry != parser.result().cend(); ++entry)
-            entries += entry.key() + QLatin1Char('=') + entry.value() + QLatin1Char(';');
+            entries += entry.key() + u'=' + entry.value() + u';';
         QTEST(entries, "entries");
         QTEST(parser.error(), "error");
     }
@@ -57,21 +59,21 @@ private Q_SLOTS:
     void parserUsedAgain()
     {
         AppDataParser parser;
-        const Entries &result = parser.result();
-        const QString message = parser.visit("<q><entry name='a'/>"_s);
+        const QMap<QString, QString> &result = parser.result();
+        const QString message = parser.visit(u"<q><entry name='a'/>"_s);
         QVERIFY(!message.isEmpty());
         QCOMPARE(parser.error(), message);
 
-        parser.visit("<q><entry name='b'>1</entry></q>"_s);
-        QCOMPARE(result, (Entries {{"b"_s, "1"_s}}));
+        parser.visit(u"<q><entry name='b'>1</entry></q>"_s);
+        QCOMPARE(result.value(u"b"_s), u"1"_s);
         QCOMPARE(parser.error(), message);
 
         // A text that does not parse is not walked, so the entries stay.
-        QVERIFY(parser.visit("<q></r>"_s) != message);
+        QVERIFY(parser.visit(u"<q></r>"_s) != message);
         QCOMPARE(result.size(), 1);
         QVERIFY(parser.error() != message);
 
-        parser.visit("<q/>"_s);
+        parser.visit(u"<q/>"_s);
         QVERIFY(result.isEmpty());
     }
 };

@@ -1,5 +1,5 @@
 #include "Config/DomVisitor.h"
-#include "Table.h"
+#include "StringLiterals.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -26,23 +26,20 @@ public:
     QStringList calls;
 
 protected:
-    void onVisitStarted(const QDomElement &element) override
-    {
-        calls += QLatin1Char('*') + element.tagName();
-    }
-    void onVisitEnded(VisitCmd result) override { calls += "=%1"_s.arg(result); }
+    void onVisitStarted(const QDomElement &element) override { calls += u'*' + element.tagName(); }
+    void onVisitEnded(VisitCmd result) override { calls += u"=%1"_s.arg(result); }
     VisitCmd onElement(const QDomElement &element) override
     {
-        return answer(QLatin1Char('+') + element.tagName());
+        return answer(u'+' + element.tagName());
     }
     VisitCmd onEndElement(const QDomElement &element) override
     {
-        return answer(QLatin1Char('-') + element.tagName());
+        return answer(u'-' + element.tagName());
     }
     void onError(const QString &message) override
     {
-        calls += QLatin1Char('!') + message;
-        if (answers.contains("!"_s))
+        calls += u'!' + message;
+        if (answers.contains(u"!"_s))
             throw std::logic_error("from onError");
     }
 
@@ -61,13 +58,6 @@ private:
     Answers answers;
 };
 
-QDomDocument documentOf(const char *xml)
-{
-    QDomDocument document;
-    document.setContent(QString::fromUtf8(xml));
-    return document;
-}
-
 } // namespace
 
 class DomVisitorTest : public QObject
@@ -77,34 +67,30 @@ class DomVisitorTest : public QObject
 private Q_SLOTS:
     void walk_data()
     {
-        addColumns<QString, Answers, QString>("xml", "answers", "calls");
+        QTest::addColumn<QString>("xml");
+        QTest::addColumn<Answers>("answers");
+        QTest::addColumn<QString>("calls");
 
         const char tree[] = "<a><b><c/><d/></b><e/></a>";
+        const char whole[] = "*a +a +b +c -c +d -d -b +e -e -a =0";
+        const auto row = [&tree](const char *name, const Answers &answers, const char *calls) {
+            QTest::newRow(name) << tree << answers << calls;
+        };
 
-        addRow("root alone", "<a/>", Answers(), "*a +a -a =0");
-        addRow("whole tree", tree, Answers(), "*a +a +b +c -c +d -d -b +e -e -a =0");
-        addRow("only elements", "<a>x<!-- y --><b/><?p q?><![CDATA[z]]><c/></a>", Answers(),
-               "*a +a +b -b +c -c -a =0");
-        addRow("prefix is part of the name", "<p:a/>", Answers(), "*p:a +p:a -p:a =0");
-        addRow("skip the root's children", tree, Answers {{"+a"_s, DomVisitor::SkipChildren}},
-               "*a +a =0");
-        addRow("skip one element's children", tree, Answers {{"+b"_s, DomVisitor::SkipChildren}},
-               "*a +a +b +e -e -a =0");
-        addRow("stop on entering", tree, Answers {{"+c"_s, DomVisitor::Stop}}, "*a +a +b +c =1");
-        addRow("stop on leaving a leaf", tree, Answers {{"-c"_s, DomVisitor::Stop}},
-               "*a +a +b +c -c =1");
-        addRow("stop on leaving a parent", tree, Answers {{"-b"_s, DomVisitor::Stop}},
-               "*a +a +b +c -c +d -d -b =1");
-        addRow("skip on leaving is continue", tree, Answers {{"-c"_s, DomVisitor::SkipChildren}},
-               "*a +a +b +c -c +d -d -b +e -e -a =0");
-        addRow("unknown answers are continue", tree, Answers {{"+b"_s, 7}, {"-c"_s, -1}},
-               "*a +a +b +c -c +d -d -b +e -e -a =0");
-        addRow("exception on entering", tree, Answers {{"+c"_s, throwException}},
-               "*a +a +b +c !exception =1");
-        addRow("exception on leaving", tree, Answers {{"-c"_s, throwException}},
-               "*a +a +b +c -c !exception =1");
-        addRow("exception that is no std::exception", tree, Answers {{"+a"_s, throwInt}},
-               "*a +a !exception =1");
+        QTest::newRow("only elements") << "<a>x<!-- y --><b/><?p q?><![CDATA[z]]><c/></a>"
+                                       << Answers() << "*a +a +b -b +c -c -a =0";
+        QTest::newRow("prefix is part of the name") << "<p:a/>" << Answers() << "*p:a +p:a -p:a =0";
+        row("whole tree", {}, whole);
+        row("skip the root's children", {{u"+a"_s, DomVisitor::SkipChildren}}, "*a +a =0");
+        row("skip one element's children", {{u"+b"_s, DomVisitor::SkipChildren}},
+            "*a +a +b +e -e -a =0");
+        row("stop on entering", {{u"+c"_s, DomVisitor::Stop}}, "*a +a +b +c =1");
+        row("stop on leaving", {{u"-c"_s, DomVisitor::Stop}}, "*a +a +b +c -c =1");
+        row("skip on leaving is continue", {{u"-c"_s, DomVisitor::SkipChildren}}, whole);
+        row("unknown answers are continue", {{u"+b"_s, 7}, {u"-c"_s, -1}}, whole);
+        row("exception on entering", {{u"+c"_s, throwException}}, "*a +a +b +c !exception =1");
+        row("exception on leaving", {{u"-c"_s, throwException}}, "*a +a +b +c -c !exception =1");
+        row("exception that is no std::exception", {{u"+a"_s, throwInt}}, "*a +a !exception =1");
     }
 
     void walk()
@@ -115,56 +101,46 @@ private Q_SLOTS:
         Recorder visitor(answers);
         const QString message = visitor.visit(xml);
         QVERIFY(message.isEmpty() && !message.isNull());
-        QTEST(visitor.calls.join(QLatin1Char(' ')), "calls");
-    }
-
-    void textThatDoesNotParse_data()
-    {
-        addColumns<QString>("text");
-        addRow("empty", QString());
-        addRow("no XML", "text");
-        addRow("unclosed", "<a><b></a>");
-        addRow("two roots", "<a/><b/>");
+        QTEST(visitor.calls.join(u' '), "calls");
     }
 
     void textThatDoesNotParse()
     {
-        QFETCH(QString, text);
-        QDomDocument document;
-        QString expected;
-        QVERIFY(!document.setContent(text, &expected));
-
-        Recorder visitor;
-        QCOMPARE(visitor.visit(text), expected);
-        QVERIFY(!expected.isEmpty());
-        QCOMPARE(visitor.calls, QStringList(QLatin1Char('!') + expected));
+        for (const QString &text : {QString(), u"<a><b></a>"_s}) {
+            QString expected;
+            QVERIFY(!QDomDocument().setContent(text, &expected) && !expected.isEmpty());
+            Recorder visitor;
+            QCOMPARE(visitor.visit(text), expected);
+            QCOMPARE(visitor.calls, QStringList(u'!' + expected));
+        }
     }
 
     void walkFromAnElement()
     {
-        const QDomDocument document = documentOf("<a><b/><c><d/></c><e/></a>");
-        const QDomElement start = document.documentElement().firstChildElement("c"_s);
+        QDomDocument document;
+        QVERIFY(document.setContent(u"<a><b/><c><d/></c><e/></a>"_s));
+        const QDomElement start = document.documentElement().firstChildElement(u"c"_s);
 
         Recorder all;
         QCOMPARE(all.visit(start), DomVisitor::Continue);
-        QCOMPARE(all.calls.join(QLatin1Char(' ')), "*c +c +d -d -c +e -e =0"_s);
+        QCOMPARE(all.calls.join(u' '), u"*c +c +d -d -c +e -e =0"_s);
 
-        Recorder step({{"+e"_s, DomVisitor::Stop}});
+        Recorder step({{u"+e"_s, DomVisitor::Stop}});
         QCOMPARE(step.doVisit(start), DomVisitor::Stop);
-        QCOMPARE(step.calls.join(QLatin1Char(' ')), "+c +d -d -c +e"_s);
+        QCOMPARE(step.calls.join(u' '), u"+c +d -d -c +e"_s);
 
         Recorder none;
         QCOMPARE(none.visit(QDomElement()), DomVisitor::Continue);
-        QCOMPARE(none.calls.join(QLatin1Char(' ')), "* =0"_s);
+        QCOMPARE(none.calls.join(u' '), u"* =0"_s);
     }
 
     // Levels further out must neither swallow what onError() throws nor report it as another
     // exception.
     void exceptionFromTheErrorHandlerPassesThrough()
     {
-        Recorder visitor({{"+c"_s, throwInt}, {"!"_s, 0}});
-        QVERIFY_EXCEPTION_THROWN(visitor.visit("<a><b><c/></b></a>"_s), std::logic_error);
-        QCOMPARE(visitor.calls.join(QLatin1Char(' ')), "*a +a +b +c !exception"_s);
+        Recorder visitor({{u"+c"_s, throwInt}, {u"!"_s, 0}});
+        QVERIFY_EXCEPTION_THROWN(visitor.visit(u"<a><b><c/></b></a>"_s), std::logic_error);
+        QCOMPARE(visitor.calls.join(u' '), u"*a +a +b +c !exception"_s);
     }
 };
 

@@ -1,4 +1,4 @@
-#include "Table.h"
+#include "StringLiterals.h"
 
 #include <QFile>
 #include <QLibrary>
@@ -10,15 +10,27 @@ class LoadingTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void documentsComeAndGoWithTheLibrary()
+    void documentsAndRecordsGoWithTheLibrary()
     {
-        const QString path = ":/widgets/tesmar/menus.xml"_s;
+        const QString path = u":/widgets/tesmar/menus.xml"_s;
         QLibrary library(QStringLiteral(QUENDA_HELP));
         QVERIFY(!QFile::exists(path));
         QVERIFY2(library.load(), qPrintable(library.errorString()));
         QVERIFY(QFile::exists(path));
+
+        const auto init =
+            reinterpret_cast<void (*)()>(library.resolve("_ZN6Quenda3Kit6Logger4initEv"));
+        const auto logErr = reinterpret_cast<void (*)(const QString &)>(
+            library.resolve("_ZN6Quenda3Kit6Logger6logErrERK7QString"));
+        QVERIFY(init && logErr);
+        init();
+        const QString text(20, u'x');
+        logErr(text);
+        QVERIFY(!text.isDetached()); // shared by the record, which waits
+
         QVERIFY(library.unload());
         QVERIFY(!QFile::exists(path));
+        QVERIFY(text.isDetached()); // the logger went, and took the record along
     }
 };
 

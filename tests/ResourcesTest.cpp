@@ -1,4 +1,4 @@
-#include "Table.h"
+#include "StringLiterals.h"
 
 #include <QResource>
 #include <QtTest>
@@ -11,34 +11,22 @@ class ResourcesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void storage_data()
-    {
-        addColumns<QString, bool>("path", "compressed");
-        for (const char *product : {"lorvan", "tesmar"}) {
-            const auto row = [product](const char *name, bool compressed) {
-                const QString path =
-                    ":/widgets/%1/%2.xml"_s.arg(QLatin1String(product), QLatin1String(name));
-                QTest::addRow("%s %s", product, name) << path << compressed;
-            };
-            row("confs", false);
-            row("menus", true);
-            row("tools", true);
-        }
-    }
-
     void storage()
     {
-        QFETCH(QString, path);
-        QFETCH(bool, compressed);
-        const QResource document(path);
-        QVERIFY(document.isValid());
-        QCOMPARE(document.compressionAlgorithm(),
-                 compressed ? QResource::ZlibCompression : QResource::NoCompression);
+        for (const QString &product : {u"lorvan"_s, u"tesmar"_s}) {
+            const auto compression = [&product](const QString &document) {
+                return QResource(u":/widgets/%1/%2"_s.arg(product, document))
+                    .compressionAlgorithm();
+            };
+            QCOMPARE(compression(u"confs.xml"_s), QResource::NoCompression);
+            QCOMPARE(compression(u"menus.xml"_s), QResource::ZlibCompression);
+            QCOMPARE(compression(u"tools.xml"_s), QResource::ZlibCompression);
+        }
     }
 
     void registeringByHand()
     {
-        const QString path = ":/widgets/lorvan/tools.xml"_s;
+        const QString path = u":/widgets/lorvan/tools.xml"_s;
         QCOMPARE(qCleanupResources_quendahelp(), 1);
         QVERIFY(!QFile::exists(path));
         QCOMPARE(qInitResources_quendahelp(), 1);

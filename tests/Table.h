@@ -3,7 +3,7 @@
 #include <QString>
 #include <QTest>
 
-/** "text"_s, as Qt 6 has it; the tables of the tests are full of texts. */
+/** "text"_s for the many texts in the tables of the tests. */
 inline QString operator""_s(const char *text, std::size_t size)
 {
     return QString::fromUtf8(text, static_cast<int>(size));

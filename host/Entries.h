@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <QVector>
 
 /** How a host reads an entry. */
@@ -11,14 +11,15 @@ enum class EntryType {
     Number, ///< getInt()
 };
 
-/** An entry that this host knows. */
+/** An entry that hosts know. */
 struct KnownEntry
 {
     QString name;
     EntryType type;
+    QStringList products; ///< Whose hosts read it from the product's entry document.
 };
 
-/** All entries that this host reads, in the order in which it reports them. */
+/** All entries that the hosts read, in the order in which they are reported. */
 const QVector<KnownEntry> &knownEntries();
 
 /** The word for @p type in reports. */

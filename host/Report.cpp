@@ -1,19 +1,16 @@
 #include "Report.h"
 
 #include "Entries.h"
-#include "ToolDocument.h"
 
 #include <Help/AbstractDataSafe.h>
 #include <Help/EntryNames.h>
 #include <Util/Logger.h>
 
-#include <QDomDocument>
-
 #include <algorithm>
 #include <array>
 
-using Quenda::Help::AbstractDataSafe;
 namespace EntryNames = Quenda::Help::EntryNames;
+using Quenda::Help::AbstractDataSafe;
 using Quenda::Kit::Logger;
 
 namespace {
@@ -64,52 +61,9 @@ QString table(const QVector<Row> &rows)
     return text;
 }
 
-QString count(int number, const QString &singular, const QString &plural)
+Row documentRow(const QString &name, const QString &text, const QString &use)
 {
-    return QStringLiteral("%1 %2").arg(number).arg(number == 1 ? singular : plural);
-}
-
-QString toolsSummary(const QString &text)
-{
-    QString error;
-    const auto document = ToolDocument::fromText(text, &error);
-    if (!document) {
-        Logger::logWarn(QStringLiteral("tool document: %1").arg(error));
-        return QStringLiteral("cannot be read");
-    }
-    int keys = 0;
-    for (const ToolDocument::Keypad &keypad : document->keypads)
-        keys += keypad.keys.size();
-    return count(document->toolBoxes.size(), QStringLiteral("tool box"),
-                 QStringLiteral("tool boxes"))
-           + QLatin1String(", ")
-           + count(document->toolBars.size(), QStringLiteral("tool bar"),
-                   QStringLiteral("tool bars"))
-           + QLatin1String(", ") + count(keys, QStringLiteral("key"), QStringLiteral("keys"));
-}
-
-QString menusSummary(const QString &text)
-{
-    QDomDocument document;
-    QString error;
-    int line = 0;
-    if (!document.setContent(text, &error, &line)) {
-        Logger::logWarn(QStringLiteral("menu document: line %1: %2").arg(line).arg(error));
-        return QStringLiteral("cannot be read");
-    }
-    int menus = 0;
-    const QDomNodeList widgets = document.elementsByTagName(QStringLiteral("widget"));
-    for (int i = 0; i < widgets.size(); ++i)
-        if (widgets.at(i).toElement().attribute(QStringLiteral("class")) == QLatin1String("QMenu"))
-            ++menus;
-    const int actions = document.elementsByTagName(QStringLiteral("action")).size();
-    return count(menus, QStringLiteral("menu"), QStringLiteral("menus")) + QLatin1String(", ")
-           + count(actions, QStringLiteral("action"), QStringLiteral("actions"));
-}
-
-Row documentRow(const QString &name, const QString &text, const QString &summary)
-{
-    return {name, QStringLiteral("%1 bytes").arg(text.toUtf8().size()), summary};
+    return {name, QStringLiteral("%1 bytes").arg(text.toUtf8().size()), use};
 }
 
 } // namespace
@@ -125,12 +79,12 @@ QString configurationReport(const QString &product, const AbstractDataSafe &stor
             entries.append({entry.name, valueForPeople(store, entry), entryTypeName(entry.type)});
     }
 
-    const QString tools = store.getString(EntryNames::toolDocument());
-    const QString menus = store.getString(EntryNames::menuDocument());
     const QVector<Row> documents {
-        {QStringLiteral("Document"), QStringLiteral("Size"), QStringLiteral("Holds")},
-        documentRow(QStringLiteral("tools"), tools, toolsSummary(tools)),
-        documentRow(QStringLiteral("menus"), menus, menusSummary(menus)),
+        {QStringLiteral("Document"), QStringLiteral("Size"), QStringLiteral("For")},
+        documentRow(QStringLiteral("tools"), store.getString(EntryNames::toolDocument()),
+                    QStringLiteral("tool boxes, keypad and tool bars")),
+        documentRow(QStringLiteral("menus"), store.getString(EntryNames::menuDocument()),
+                    QStringLiteral("the menu bar")),
     };
 
     return QStringLiteral("Configuration of %1\n\n").arg(product) + table(entries)

@@ -1,4 +1,4 @@
-#include "HostState.h"
+#include "document/HostState.h"
 
 namespace {
 
@@ -6,10 +6,10 @@ namespace {
 QVector<HostState> patternDesignStates()
 {
     const QVector<HostState> documents {
-        {0x01, QStringLiteral("Style document")},
-        {0x02, QStringLiteral("Base document")},
-        {0x04, QStringLiteral("Frame document")},
-        {0x08, QStringLiteral("Changeset document")},
+        {0x01, QStringLiteral("style document")},
+        {0x02, QStringLiteral("base document")},
+        {0x04, QStringLiteral("frame document")},
+        {0x08, QStringLiteral("changeset document")},
     };
     const QVector<HostState> views {
         {0x10, QStringLiteral("grading view")},
@@ -23,13 +23,13 @@ QVector<HostState> patternDesignStates()
     return states;
 }
 
-// One bit a view, named like its tool bar.
+// One bit a view.
 QVector<HostState> markerMakingStates()
 {
     return {
-        {0x01, QStringLiteral("Selection")},    {0x02, QStringLiteral("Cut View")},
-        {0x04, QStringLiteral("OptiCut View")}, {0x08, QStringLiteral("Tool View")},
-        {0x10, QStringLiteral("Link Piece")},   {0x20, QStringLiteral("Pattern Refreshment")},
+        {0x01, QStringLiteral("full view")},       {0x02, QStringLiteral("cut view")},
+        {0x04, QStringLiteral("OptiCut view")},    {0x08, QStringLiteral("tool view")},
+        {0x10, QStringLiteral("link piece view")}, {0x20, QStringLiteral("pattern refreshment")},
     };
 }
 
@@ -37,10 +37,9 @@ QVector<HostState> markerMakingStates()
 
 QVector<HostState> hostStates(const QString &product)
 {
-    const QString id = product.toLower();
-    if (id == QLatin1String("lorvan"))
+    if (product == QLatin1String("lorvan"))
         return patternDesignStates();
-    if (id == QLatin1String("tesmar"))
+    if (product == QLatin1String("tesmar"))
         return markerMakingStates();
     return {};
 }

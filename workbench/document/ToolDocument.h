@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QMap>
-#include <QString>
-#include <QVector>
+#include "document/Xml.h"
 
 #include <optional>
 
@@ -22,28 +20,47 @@ constexpr bool isAvailable(quint32 mode, quint32 state)
 /** A mask or an availability code: hexadecimal after "0x", decimal otherwise, 32 bits at most. */
 std::optional<quint32> maskFromText(const QString &text);
 
-/** A tool document as plain values, in document order. */
+/** A whole decimal number, without sign, blanks or group separators; at most a million. */
+std::optional<int> numberFromText(const QString &text);
+
+/**
+ * A tool document, in document order. What cannot be read has the value that stands here; a
+ * document in which nothing is wrong has no such thing.
+ */
 struct ToolDocument
 {
-    /** A tool, or a separator when the id is empty. */
-    struct Item
+    struct Module
     {
         QString id;
-        QString module;
-        QString group;
-        quint32 mode = everyState;
-
-        bool isSeparator() const { return id.isEmpty(); }
+        QString path;
+        const XmlElement *xml;
     };
 
-    struct ToolBox
+    /** A tool, or a separator. */
+    struct Item
     {
-        int columns = 1;
+        bool isSeparator = false;
+        QString id;
+        QString module; ///< The id of the module that provides it.
+        QString group;
+        quint32 mode = everyState;
+        const XmlElement *xml = nullptr;
+    };
+
+    /** A tool box or a tool bar. */
+    struct Box
+    {
+        bool isToolBar = false;
+        QString id; ///< As the next two, of a tool bar only.
+        QString title;
+        bool startsRow = false;
+        int columns = 1; ///< As the next three, of a tool box only.
         int margin = 0;
         int spacing = 0;
         QString buttonStyle;
         quint32 mode = everyState;
         QVector<Item> items;
+        const XmlElement *xml = nullptr;
     };
 
     struct Key
@@ -54,6 +71,7 @@ struct ToolDocument
         int column = 0;
         int rowSpan = 1;
         int columnSpan = 1;
+        const XmlElement *xml = nullptr;
     };
 
     struct Keypad
@@ -62,27 +80,16 @@ struct ToolDocument
         int spacing = 0;
         QString buttonStyle;
         QVector<Key> keys;
+        const XmlElement *xml = nullptr;
     };
 
-    struct ToolBar
-    {
-        QString id;
-        QString title;
-        bool startsRow = false;
-        quint32 mode = everyState;
-        QVector<Item> items;
-    };
-
-    QMap<QString, QString> modules; ///< From a module's id to the path of its library.
-    QVector<ToolBox> toolBoxes;
+    QVector<Module> modules;
+    QVector<Box> toolBoxes;
     QVector<Keypad> keypads;
-    QVector<ToolBar> toolBars;
+    QVector<Box> toolBars;
 
-    /**
-     * Reads the text of the store entry "widgetConfig". What it does not know, it passes over.
-     *
-     * @param error  Receives what is wrong, with the line, when there is no result: the text is not
-     *               well-formed, a number is none, or a reference is to no module before it.
-     */
-    static std::optional<ToolDocument> fromText(const QString &text, QString *error);
+    static ToolDocument read(const XmlDocument &xml);
+
+    /** The path of the module's library; empty when there is no such module. */
+    QString libraryOf(const QString &module) const;
 };

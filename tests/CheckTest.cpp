@@ -1,0 +1,218 @@
+#include "check/Check.h"
+#include "StringLiterals.h"
+#include "document/ToolDocument.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(path));
+    return file.readAll();
+}
+
+QString documentPath(const QString &document)
+{
+    return QStringLiteral(DOCUMENTS "/") + document;
+}
+
+// "\t", "\r" and "\xNN" in the table.
+QByteArray unescaped(const QString &text)
+{
+    QByteArray bytes = text.toUtf8().replace("\\t", "\t").replace("\\r", "\r");
+    for (int i = bytes.indexOf("\\x"); i >= 0; i = bytes.indexOf("\\x", i))
+        bytes.replace(i, 4, QByteArray::fromHex(bytes.mid(i + 2, 2)));
+    return bytes;
+}
+
+// All findings but the remarks on mnemonics, which the shipped documents have too.
+QVector<Finding> findingsOf(const QString &path)
+{
+    QString error;
+    const auto place = Place::find(path, &error);
+    const auto documents = place ? place->read(&error) : std::nullopt;
+    if (!documents)
+        qFatal("%s", qPrintable(error));
+    QVector<Finding> findings = checkDocuments(*documents, place->product);
+    findings.erase(std::remove_if(findings.begin(), findings.end(),
+                                  [](const Finding &finding) {
+                                      return finding.text.contains(u"share the mnemonic"_s);
+                                  }),
+                   findings.end());
+    return findings;
+}
+
+bool schemaAccepts(const QString &path)
+{
+    const QString schema = QFileInfo(path).completeBaseName() == u"confs"_s
+                               ? u"entries"_s
+                               : QFileInfo(path).completeBaseName();
+    QProcess xmllint;
+    xmllint.start(QStringLiteral(XMLLINT), {u"--noout"_s, u"--relaxng"_s,
+                                            QStringLiteral(SCHEMAS "/%1.rng").arg(schema), path});
+    if (!xmllint.waitForFinished() || (xmllint.exitCode() != 0 && xmllint.exitCode() != 3))
+        qFatal("xmllint failed: %s", xmllint.readAllStandardError().constData());
+    return xmllint.exitCode() == 0;
+}
+
+} // namespace
+
+class CheckTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void edits_data()
+    {
+        QTest::addColumn<QString>("document");
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("after");
+        QTest::addColumn<QByteArray>(
+            "place"); // the text that stands there; null: marked in "after"
+        QTest::addColumn<bool>("schemaRejects");
+        QTest::addColumn<QStringList>("findings");
+
+        QStringList rows = QString::fromUtf8(contentOf(QStringLiteral(EDITS))).split(u"\n\n"_s);
+        rows.removeFirst(); // the explanation
+        for (const QString &row : qAsConst(rows)) {
+            const QStringList lines = row.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+            QMap<QChar, QStringList> parts;
+            QStringList findings = lines.mid(2);
+            while (!findings.isEmpty() && u"-+^"_s.contains(findings.constFirst().front())) {
+                const QString line = findings.takeFirst();
+                parts[line.front()] += line.mid(2);
+            }
+            const auto part = [&parts](char mark) {
+                const QByteArray text =
+                    unescaped(parts.value(QLatin1Char(mark)).join(QLatin1Char('\n')));
+                return parts.contains(QLatin1Char(mark)) ? QByteArray("") + text : QByteArray();
+            };
+            const bool schemaRejects = findings.removeOne(u"schema"_s);
+            QTest::newRow(qPrintable(lines.at(0)))
+                << lines.at(1) << part('-') << part('+') << part('^') << schemaRejects << findings;
+        }
+    }
+
+    void edits()
+    {
+        QFETCH(QString, document);
+        QFETCH(QByteArray, before);
+        QFETCH(QByteArray, after);
+        QFETCH(QByteArray, place);
+        QFETCH(bool, schemaRejects);
+        QByteArray content = contentOf(documentPath(document));
+        const int start = content.indexOf(before);
+        QVERIFY(start >= 0 && !before.isEmpty());
+        const int mark = after.indexOf('^');
+        content.replace(start, before.size(), QByteArray(after).replace("^", ""));
+        const int offset = mark >= 0         ? start + mark
+                           : place.isEmpty() ? content.size()
+                                             : content.indexOf(place);
+
+        QTemporaryDir directory;
+        const QString path = directory.filePath(document);
+        QVERIFY(QDir(directory.path()).mkdir(document.section(QLatin1Char('/'), 0, 0)));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+        const auto findings = findingsOf(path);
+        QStringList messages;
+        for (const Finding &finding : findings)
+            messages += finding.message().replace(
+                QRegularExpression(u"line \\d+(, column \\d+)?"_s), u"line N"_s);
+        QTEST(messages, "findings");
+        if (!findings.isEmpty()) {
+            const QByteArray line = content.left(offset).split('\n').constLast();
+            QCOMPARE(findings.constLast().position.line, content.left(offset).count('\n') + 1);
+            QCOMPARE(findings.constLast().position.column, QString::fromUtf8(line).size() + 1);
+        }
+        if (schemaRejects)
+            QVERIFY(!schemaAccepts(path));
+    }
+
+    void shippedDocuments_data()
+    {
+        QTest::addColumn<QString>("document");
+        for (const char *product : {"lorvan", "tesmar"})
+            for (const char *name : {"confs", "tools", "menus"})
+                QTest::addRow("%s %s", product, name)
+                    << u"%1/%2.xml"_s.arg(QLatin1String(product), QLatin1String(name));
+    }
+
+    void shippedDocuments()
+    {
+        QFETCH(QString, document);
+        QVERIFY(findingsOf(documentPath(document)).isEmpty());
+        QVERIFY(schemaAccepts(documentPath(document)));
+        // What holds for the files holds for what is built in.
+        QCOMPARE(contentOf(u":/widgets/"_s + document), contentOf(documentPath(document)));
+    }
+
+    // QDomDocument, with which applications read, would run out of stack.
+    void nestedBeyondAnySense()
+    {
+        const auto xml = XmlDocument::fromBytes(QByteArray("<entry>").repeated(200000));
+        QCOMPARE(xml.error.text, u"nested deeper than 100 elements; expected less"_s);
+    }
+
+    void lines()
+    {
+        const auto xml = XmlDocument::fromBytes("<a>\r\n \xc3\xa9 <b>\n\t</a>");
+        QCOMPARE(xml.error.text,
+                 u"not well-formed: Opening and ending tag mismatch; <b> is open, since "
+                 "line 2, column 4; expected </b>"_s);
+        const Finding finding {Finding::Error, u"f.xml"_s, positionOf(xml.text, xml.error.offset),
+                               u"x"_s};
+        QCOMPARE(finding.line(), u"f.xml:3:2: error: x"_s);
+        QCOMPARE(quoted(u"a\n\t\r\u0001\u202e\U0001f9f5"_s),
+                 u"\"a\\n\\t\\r\\u0001\\u202e\U0001f9f5\""_s);
+    }
+
+    void kinds_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("kind");
+        QTest::newRow("by name") << u"a/confs.xml"_s << QByteArray("<ui/>")
+                                 << int(DocumentKind::Entries);
+        QTest::newRow("menus") << u"a.xml"_s << QByteArray("<ui/>") << int(DocumentKind::Menus);
+        QTest::newRow("entries") << u"a.xml"_s << QByteArray("<q><entry/></q>")
+                                 << int(DocumentKind::Entries);
+        QTest::newRow("tools") << u"a.xml"_s << QByteArray("<q><!-- <entry/> --><module/></q>")
+                               << int(DocumentKind::Tools);
+    }
+
+    void kinds()
+    {
+        QFETCH(QString, path);
+        QFETCH(QByteArray, content);
+        QTEST(int(documentKind(path, XmlDocument::fromBytes(content))), "kind");
+    }
+
+    void masks_data()
+    {
+        QTest::addColumn<qint64>("mask"); // -1 where it is none
+        const auto row = [](const char *text, qint64 mask) { QTest::newRow(text) << mask; };
+        row("17", 17);
+        row("0x0000000000000aF", 0xaf);
+        row("010", 10);
+        row("0xffffffff", 0xffffffff);
+        for (const char *text : {"", "0x", "0X11", " 17", "+17", "0x100000000"})
+            row(text, -1);
+    }
+
+    void masks()
+    {
+        const auto mask = maskFromText(QLatin1String(QTest::currentDataTag()));
+        QTEST(mask ? qint64(*mask) : qint64(-1), "mask");
+    }
+};
+
+QTEST_MAIN(CheckTest)
+#include "CheckTest.moc"

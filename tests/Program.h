@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QProcess>
+#include <QtTest>
+
+/** What became of a program. */
+struct Outcome
+{
+    int status = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+inline Outcome run(const char *path, const QStringList &arguments)
+{
+    QProcess program;
+    program.start(QString::fromUtf8(path), arguments);
+    if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit)
+        qFatal("%s did not run to its end", path);
+    return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
+}
+
+/** Adds a row to a table of command lines; the error is a part of the one line that there is. */
+inline void commandLineRow(const char *arguments, int status, const char *output, const char *error)
+{
+    QTest::newRow(arguments) << status << QByteArray(output) << QByteArray(error);
+}
+
+inline void addCommandLineColumns()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<QByteArray>("error");
+}
+
+/** Runs the program with the row's name as its arguments. */
+inline void checkCommandLine(const char *path, const QByteArray &errorStart)
+{
+    QFETCH(QByteArray, error);
+    const QString arguments = QString::fromUtf8(QTest::currentDataTag());
+    const Outcome outcome = run(path, arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QTEST(outcome.status, "status");
+    QTEST(outcome.output, "output");
+    QVERIFY2(outcome.errors.contains(error), outcome.errors.constData());
+    QCOMPARE(outcome.errors.startsWith(errorStart), !error.isEmpty());
+    QCOMPARE(outcome.errors.count('\n'), error.isEmpty() ? 0 : 1);
+}

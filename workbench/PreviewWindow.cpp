@@ -1,0 +1,180 @@
+#include "PreviewWindow.h"
+
+#include "check/Check.h"
+#include "surface/Surface.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QDir>
+#include <QLabel>
+#include <QScreen>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedLayout>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// Editors save in several steps. Short enough for a surface that follows at once.
+constexpr auto settlingTime = 60ms;
+
+} // namespace
+
+PreviewWindow::PreviewWindow(const Place &shownPlace)
+    : place(shownPlace), states(statesToShow(shownPlace.product))
+{
+    setWindowTitle(
+        QStringLiteral("%1 - Quenda workbench")
+            .arg(place.isBuiltIn() ? place.product : QDir::toNativeSeparators(place.folder)));
+    findingsPane = new QTextBrowser;
+    findingsPane->setOpenLinks(false);
+    findingsPane->setTextInteractionFlags(Qt::TextBrowserInteraction
+                                          | Qt::TextSelectableByKeyboard);
+    connect(findingsPane, &QTextBrowser::anchorClicked, this,
+            [](const QUrl &url) { QDesktopServices::openUrl(url); });
+
+    auto *surfaceHolder = new QWidget;
+    layers = new QStackedLayout(surfaceHolder);
+    layers->setStackingMode(QStackedLayout::StackAll);
+    veil = new QWidget;
+    veil->setObjectName(QStringLiteral("veil"));
+    veil->setAttribute(Qt::WA_StyledBackground);
+    veil->setAttribute(Qt::WA_TransparentForMouseEvents);
+    veil->setStyleSheet(QStringLiteral("#veil { background: rgba(239, 239, 239, 180) }"));
+    layers->addWidget(veil);
+    auto *splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(surfaceHolder);
+    splitter->addWidget(findingsPane);
+    splitter->setStretchFactor(0, 1);
+    splitter->setChildrenCollapsible(false);
+    auto *layout = new QVBoxLayout(this);
+    addControls(layout);
+    layout->addWidget(splitter, 1);
+
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    resize(QSize(1200, 800).boundedTo(screen * 0.9));
+    splitter->setSizes({height() * 4 / 5, height() / 5});
+
+    settling.setSingleShot(true);
+    settling.setInterval(settlingTime);
+    connect(&settling, &QTimer::timeout, this, &PreviewWindow::reload);
+    const auto settle = [this] { settling.start(); };
+    connect(&watcher, &QFileSystemWatcher::directoryChanged, this, settle);
+    connect(&watcher, &QFileSystemWatcher::fileChanged, this, settle);
+    reload();
+}
+
+void PreviewWindow::addControls(QVBoxLayout *layout)
+{
+    stateSelector = new QComboBox;
+    for (const HostState &state : states)
+        stateSelector->addItem(
+            QStringLiteral("%1 (0x%2)").arg(state.name, QString::number(state.code, 16)));
+    presentationSelector = new QComboBox;
+    presentationSelector->addItems({QStringLiteral("Tool boxes"), QStringLiteral("Tool bars")});
+    for (QComboBox *selector : {stateSelector, presentationSelector})
+        connect(selector, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+                &PreviewWindow::showState);
+    stateSelector->setObjectName(QStringLiteral("state"));
+    presentationSelector->setObjectName(QStringLiteral("presentation"));
+
+    auto *controls = new QHBoxLayout;
+    for (const auto &[text, selector] :
+         {std::pair(QStringLiteral("&State:"), stateSelector),
+          std::pair(QStringLiteral("Sh&ow:"), presentationSelector)}) {
+        auto *label = new QLabel(text);
+        label->setBuddy(selector);
+        controls->addWidget(label);
+        controls->addWidget(selector);
+    }
+    controls->addStretch();
+    layout->addLayout(controls);
+
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this,
+            &PreviewWindow::reload);
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
+            &QWidget::close);
+}
+
+// A file that was replaced by renaming another over it is a new one, and has to be watched anew.
+void PreviewWindow::watch()
+{
+    if (place.isBuiltIn())
+        return;
+    QStringList paths {place.folder};
+    std::copy_if(place.files.begin(), place.files.end(), std::back_inserter(paths),
+                 [](const QString &path) { return QFileInfo::exists(path); });
+    watcher.addPaths(paths);
+}
+
+void PreviewWindow::reload()
+{
+    watch(); // before reading, so that nothing is missed between
+    QString error;
+    const auto documents = place.read(&error);
+    const QVector<Finding> findings =
+        documents ? checkDocuments(*documents, place.product)
+                  : QVector<Finding> {{Finding::Error, place.folder, {}, error}};
+    showFindings(findings);
+    if (hasErrors(findings)) {
+        layers->setCurrentWidget(veil);
+        return;
+    }
+
+    auto *built = new Surface(documents->at(1), documents->at(2));
+    built->setWindowFlags(Qt::Widget);
+    if (surface) {
+        built->setClosedPanels(surface->closedPanels());
+        delete surface;
+    }
+    surface = built;
+    showState();
+    layers->addWidget(surface);
+    layers->setCurrentWidget(surface);
+    veil->hide();
+}
+
+void PreviewWindow::showState()
+{
+    if (surface)
+        surface->showState(states.at(stateSelector->currentIndex()),
+                           presentationSelector->currentIndex() == 0 ? Presentation::ToolBoxes
+                                                                     : Presentation::ToolBars);
+}
+
+void PreviewWindow::showFindings(QVector<Finding> findings)
+{
+    const bool isWrong = hasErrors(findings);
+    findingsPane->setPlaceholderText(
+        isWrong || findings.isEmpty()
+            ? QString()
+            : QStringLiteral("No errors. Warnings, which \"check\" lists: %1")
+                  .arg(findings.size()));
+    findingsPane->setFocusPolicy(isWrong ? Qt::StrongFocus : Qt::NoFocus);
+    // While nothing is wrong, warnings would only distract from the surface.
+    if (!isWrong)
+        findings.clear();
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding &a, const Finding &b) { return a.severity < b.severity; });
+    QString html;
+    for (const Finding &finding : qAsConst(findings)) {
+        const QFileInfo file(finding.path);
+        const QString link = QUrl::fromLocalFile(file.absoluteFilePath()).toString();
+        const QString where = QStringLiteral("%1:%2:%3")
+                                  .arg(file.fileName())
+                                  .arg(finding.position.line)
+                                  .arg(finding.position.column);
+        html += QStringLiteral("<div><a href=\"%1\">%2</a>: %3</div>")
+                    .arg(link.toHtmlEscaped(), where.toHtmlEscaped(),
+                         finding.message().toHtmlEscaped());
+    }
+    findingsPane->setHtml(html);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "document/HostState.h"
+#include "document/Place.h"
+
+#include <QFileSystemWatcher>
+#include <QTimer>
+#include <QWidget>
+
+class QComboBox;
+class QStackedLayout;
+class QTextBrowser;
+class QVBoxLayout;
+class Surface;
+struct Finding;
+
+/**
+ * The working surface of a place, built again whenever one of its documents is saved. While one of
+ * them is wrong, the last surface that could be built stays, set back, and the findings stand below
+ * it.
+ */
+class PreviewWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /** Watches @p place unless it is built in. The window is within the screen. */
+    explicit PreviewWindow(const Place &place);
+
+    /** Reads the documents and builds the surface, if they allow it. */
+    void reload();
+
+private:
+    void addControls(QVBoxLayout *layout);
+    void watch();
+    void showState();
+    void showFindings(QVector<Finding> findings);
+
+    const Place place;
+    const QVector<HostState> states;
+    QFileSystemWatcher watcher;
+    QTimer settling;
+    Surface *surface = nullptr;
+    QStackedLayout *layers = nullptr; // the surface, and in front of it the veil
+    QWidget *veil = nullptr; // sets the surface back
+    QTextBrowser *findingsPane = nullptr;
+    QComboBox *stateSelector = nullptr;
+    QComboBox *presentationSelector = nullptr;
+};

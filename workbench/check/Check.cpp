@@ -1,0 +1,83 @@
+#include "check/Check.h"
+
+#include "check/Rules.h"
+#include "check/Shape.h"
+
+#include <QDomDocument>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+
+// Applications read entry and tool documents with QDomDocument, which sees some constructs
+// otherwise than QXmlStreamReader.
+void checkAgreement(const XmlElement &element, const QDomElement &dom, Findings &findings)
+{
+    constexpr auto what = "%1 is read differently by applications, as %2; expected plain text "
+                          "without line breaks";
+    for (const XmlAttribute &attribute : element.attributes) {
+        QString other = dom.attribute(attribute.name);
+        if (attribute.name == QLatin1String("button-style")) // where white space is of no account
+            other.replace(QRegularExpression(QStringLiteral("[\\t\\n\\r]")), QStringLiteral(" "));
+        if (other != attribute.value)
+            findings.error(attribute.offset, what, quoted(attribute.value), quoted(other));
+    }
+    if (element.children.empty() && dom.text() != element.text)
+        findings.error(element.offsetOfText(), what, quoted(element.text), quoted(dom.text()));
+    QDomElement child = dom.firstChildElement();
+    for (const XmlElement &own : element.children) {
+        checkAgreement(own, child, findings);
+        child = child.nextSiblingElement();
+    }
+}
+
+void checkContent(const Document &document, const QString &product, Findings &findings)
+{
+    checkShape(document, findings);
+    if (document.kind == DocumentKind::Menus)
+        return checkMenus(document, findings);
+
+    QDomDocument dom;
+    QString message;
+    if (!dom.setContent(document.xml.text, &message))
+        return findings.error(document.xml.root.offset, "applications cannot read it: %1", message);
+    checkAgreement(document.xml.root, dom.documentElement(), findings);
+    if (document.kind == DocumentKind::Entries)
+        checkEntries(document, product, findings);
+    else
+        checkTools(document, product, findings);
+}
+
+} // namespace
+
+QVector<Finding> checkDocument(const Document &document, const QString &product)
+{
+    Findings findings(document);
+    if (!document.exists)
+        findings.error(0, "there is no such document; a product needs all three");
+    else if (!document.xml.error.text.isEmpty())
+        findings.error(document.xml.error.offset, "%1", escaped(document.xml.error.text));
+    else
+        checkContent(document, product, findings);
+    std::stable_sort(findings.list.begin(), findings.list.end(),
+                     [](const Finding &a, const Finding &b) {
+                         return std::tie(a.position.line, a.position.column)
+                                < std::tie(b.position.line, b.position.column);
+                     });
+    return findings.list;
+}
+
+QVector<Finding> checkDocuments(const std::vector<Document> &documents, const QString &product)
+{
+    QVector<Finding> findings;
+    for (const Document &document : documents)
+        findings += checkDocument(document, product);
+    return findings;
+}
+
+bool hasErrors(const QVector<Finding> &findings)
+{
+    return std::any_of(findings.begin(), findings.end(),
+                       [](const Finding &f) { return f.severity == Finding::Error; });
+}

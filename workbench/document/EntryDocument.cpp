@@ -1,0 +1,10 @@
+#include "document/EntryDocument.h"
+
+EntryDocument EntryDocument::read(const XmlDocument &xml)
+{
+    EntryDocument document;
+    for (const XmlElement &child : xml.root.children)
+        if (child.name == QLatin1String("entry"))
+            document.entries.append({child.value("name"), child.text, &child});
+    return document;
+}

@@ -1,0 +1,83 @@
+#include "document/Place.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+constexpr const char *fileNames[] {"confs.xml", "tools.xml", "menus.xml"}; // by DocumentKind
+
+} // namespace
+
+QStringList Place::builtInProducts()
+{
+    // The documents are in the library, of which a linker sees no other use.
+    Q_INIT_RESOURCE(quendahelp);
+    return QDir(QStringLiteral(":/widgets")).entryList(QDir::Dirs);
+}
+
+std::optional<Place> Place::find(const QString &name, QString *error)
+{
+    Place place;
+    const QFileInfo info(name);
+    if (name.isEmpty() || !info.exists()) {
+        place.product = name.toLower();
+        place.folder = QStringLiteral(":/widgets/") + place.product;
+        if (!builtInProducts().contains(place.product)) {
+            *error =
+                QStringLiteral("there is no \"%1\"; expected a product's folder, a document in "
+                               "one, or a product: %2")
+                    .arg(name, builtInProducts().join(QLatin1String(", ")));
+            return std::nullopt;
+        }
+    } else if (info.isDir()) {
+        place.folder = QDir::cleanPath(name);
+        place.product = QDir(info.absoluteFilePath()).dirName().toLower();
+    } else {
+        place.folder = info.path();
+        place.product = info.absoluteDir().dirName().toLower();
+        place.files += name;
+        return place;
+    }
+
+    bool hasDocument = false;
+    for (const char *file : fileNames) {
+        place.files += place.folder + QLatin1Char('/') + QLatin1String(file);
+        hasDocument = hasDocument || QFile::exists(place.files.constLast());
+    }
+    if (!hasDocument) {
+        *error = QStringLiteral("\"%1\" holds no documents; expected confs.xml, tools.xml and "
+                                "menus.xml")
+                     .arg(name);
+        return std::nullopt;
+    }
+    return place;
+}
+
+std::optional<std::vector<Document>> Place::read(QString *error) const
+{
+    std::vector<Document> documents;
+    for (const QString &path : files) {
+        QFile file(path);
+        if (file.exists() && !file.open(QIODevice::ReadOnly)) {
+            *error = QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
+            return std::nullopt;
+        }
+        Document document {DocumentKind::Tools, path, file.isOpen(), {}};
+        if (document.exists)
+            document.xml = XmlDocument::fromBytes(file.readAll());
+        document.kind = documentKind(path, document.xml);
+        documents.push_back(std::move(document));
+    }
+    return documents;
+}
+
+DocumentKind documentKind(const QString &path, const XmlDocument &xml)
+{
+    for (DocumentKind kind : {DocumentKind::Entries, DocumentKind::Tools, DocumentKind::Menus})
+        if (QFileInfo(path).fileName() == QLatin1String(fileNames[static_cast<int>(kind)]))
+            return kind;
+    if (xml.root.name == QLatin1String("ui"))
+        return DocumentKind::Menus;
+    return xml.root.child("entry") ? DocumentKind::Entries : DocumentKind::Tools;
+}

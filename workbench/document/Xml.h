@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+#include <vector>
+
+/** An attribute, and where its name begins. */
+struct XmlAttribute
+{
+    QString name;
+    QString value;
+    int offset;
+};
+
+/** An element with all that it holds but comments. Offsets count from the start of the text. */
+struct XmlElement
+{
+    QString name; ///< As written, prefix included.
+    int offset = 0; ///< Of its "<".
+    QVector<XmlAttribute> attributes;
+    std::vector<XmlElement> children;
+    QString text; ///< Its own; pieces of nothing but white space are left out, as Qt leaves them.
+    int textOffset = -1; ///< Of the text's first character that is no blank; -1 without a text.
+
+    const XmlAttribute *find(const char *attribute) const;
+    bool has(const char *attribute) const { return find(attribute); }
+    /** The attribute's value; empty when there is none. */
+    QString value(const char *attribute) const;
+    /** Where the attribute begins; the element itself when it has none of the name. */
+    int offsetOf(const char *attribute) const;
+    /** Where the text begins; the element itself when it has none. */
+    int offsetOfText() const { return textOffset < 0 ? offset : textOffset; }
+    /** The first child element of the name, or null. */
+    const XmlElement *child(const char *childName) const;
+    /** The text of that child; empty when there is none. */
+    QString childText(const char *childName) const;
+};
+
+/** Something that keeps a document from being read, and where it begins. */
+struct XmlError
+{
+    int offset = 0;
+    QString text; ///< Empty when there is no error.
+};
+
+/** An XML document that knows where everything stands. */
+struct XmlDocument
+{
+    QString text; ///< The whole document.
+    QString version; ///< Of the XML declaration, as the next; empty without one.
+    QString encoding;
+    QString documentType; ///< The document type declaration; empty without one.
+    int documentTypeOffset = 0;
+    XmlElement root;
+    XmlError error; ///< With one, `root` is not to be used.
+
+    /**
+     * Reads XML 1.0 in UTF-8. Nesting beyond any sense and internal document types are errors too:
+     * Qt's other readers would run out of stack, or see another document.
+     */
+    static XmlDocument fromBytes(const QByteArray &content);
+};
+
+/** A place in a text as editors count: line and column from 1, a character a column. */
+struct Position
+{
+    int line = 1;
+    int column = 1;
+};
+
+Position positionOf(const QString &text, int offset);

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "document/HostState.h"
+#include "document/Place.h"
+#include "document/ToolDocument.h"
+
+#include <QMainWindow>
+#include <QSet>
+
+class QMenu;
+class QMenuBar;
+class ToolBoxGrid;
+
+/** The two presentations of the tools, of which a host has one at a time. The keypad is in both. */
+enum class Presentation { ToolBoxes, ToolBars };
+
+/**
+ * Builds the menu bar from the text of a menu document with QUiLoader. It belongs to the caller;
+ * null when the text is none.
+ */
+QMenuBar *loadMenuBar(const QString &text);
+
+/** The states to show of a product; one of all masks for a product that is unknown here. */
+QVector<HostState> statesToShow(const QString &product);
+
+/**
+ * The working surface that a product's documents describe: menu bar, docked tool boxes and keypad,
+ * rows of tool bars. Shortcuts of the menus are shown but do nothing.
+ */
+class Surface : public QMainWindow
+{
+public:
+    /** @p tools and @p menus have to be without errors. */
+    Surface(const Document &tools, const Document &menus);
+
+    /** Shows what is available in @p state, but for the panels that the user has closed. */
+    void showState(const HostState &state, Presentation presentation);
+
+    /** The object names of the panels, docks and tool bars, that the user has closed. */
+    QSet<QString> closedPanels();
+    void setClosedPanels(const QSet<QString> &names);
+
+private:
+    struct Panel
+    {
+        QWidget *widget;
+        quint32 mode;
+        bool isToolBar;
+        bool isKeypad;
+    };
+
+    struct BarItem
+    {
+        QAction *action;
+        quint32 mode;
+    };
+
+    void addPanel(const QString &title, const QString &name, QWidget *content, quint32 mode,
+                  bool isKeypad);
+    void addBar(const ToolDocument::Box &bar, const ToolDocument &document);
+    bool isDue(const Panel &panel) const;
+
+    QVector<Panel> panels;
+    QVector<ToolBoxGrid *> grids;
+    QVector<BarItem> barItems;
+    QSet<QString> closed;
+    quint32 code = everyState;
+    Presentation shown = Presentation::ToolBoxes;
+};

@@ -1,11 +1,12 @@
 # How this project's own targets are compiled. Linked privately, so that nothing of it reaches a host.
 #
-# -Wnon-virtual-dtor is left out on purpose: the interfaces and visitors have no virtual destructor,
-# because an additional slot would break the applications that are already built against them.
+# -Wnon-virtual-dtor is off on purpose, also where a host that adds this project has it in its flags:
+# the interfaces and visitors have no virtual destructor, because an additional slot would break the
+# applications that are already built against them.
 add_library(QuendaBuildOptions INTERFACE)
 target_compile_options(QuendaBuildOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wundef -Wcast-align -Wcast-qual -Wformat=2
-    -Wold-style-cast -Woverloaded-virtual -Wsuggest-override)
+    -Wold-style-cast -Woverloaded-virtual -Wsuggest-override -Wno-non-virtual-dtor)
 # The same choice, seen from boost::shared_ptr: the handle deletes the store as the concrete type.
 target_compile_options(QuendaBuildOptions INTERFACE
     $<$<CXX_COMPILER_ID:Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
@@ -18,7 +19,7 @@ target_compile_definitions(QuendaBuildOptions INTERFACE
     QT_NO_FOREACH
     QT_NO_KEYWORDS
     QT_STRICT_ITERATORS)
-target_link_options(QuendaBuildOptions INTERFACE -Wl,--as-needed)
+target_link_options(QuendaBuildOptions INTERFACE LINKER:--as-needed)
 
 if(QUENDAHELP_SANITIZE)
     target_compile_options(QuendaBuildOptions INTERFACE

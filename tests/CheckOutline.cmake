@@ -16,6 +16,7 @@ execute_process(
     OUTPUT_VARIABLE difference
     RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
+    message(NOTICE "${difference}") # as it is: other messages lose their blanks
     message(FATAL_ERROR "The documents of ${PRODUCT} say something else, which hosts and users will see. "
-        "If this is meant: cmake --build ... --target renew-outlines\n\n${difference}")
+        "If this is meant: cmake --build ... --target renew-outlines")
 endif()

@@ -7,18 +7,41 @@
 
 using Body = std::function<void(benchmark::State &)>;
 
-/** A figure's ratio is reported, but nothing is asked of it. */
-constexpr double anyRatio = 0;
+/** Of a figure whose ratio is only reported. */
+constexpr double noLimit = 0;
 
 /**
- * Registers two benchmarks whose times are set in relation at the end of the run.
+ * Registers a benchmark and its baseline: the same job, done in the way that takes least. The end
+ * of the run sets them in relation.
  *
- * @param wanted  The greatest ratio that is good enough, or anyRatio.
- * @param configure  Applied to both in the place of UseRealTime(), for threads and the like.
+ * @param limit  The greatest ratio of their instructions that is good enough, or noLimit. Only what
+ * has a limit is counted; times are never limited.
+ * @param configure  Applied to both in the place of UseRealTime() when times are measured.
  */
-void addFigure(const std::string &name, double wanted, const Body &code, const Body &floor,
+void addFigure(const std::string &name, double limit, const Body &code, const Body &baseline,
                const std::function<void(benchmark::internal::Benchmark *)> &configure = {});
 
-void addConfigurationFigures();
-void addLoadingFigure();
+/** Whether the program runs in callgrind, where instructions are counted and no times measured. */
+bool isCounting();
+
+/** What runs from here on is counted. No effect unless isCounting(). */
+void startCounting();
+
+/** Ends that, and notes the instructions of one iteration in @p state, as its only counter. */
+void stopCounting(benchmark::State &state);
+
+/** Runs @p once as often as wanted and counts it, without what its caller has prepared. */
+template <typename Once>
+void repeat(benchmark::State &state, Once once, int items = 1)
+{
+    startCounting();
+    for ([[maybe_unused]] auto step : state)
+        once();
+    stopCounting(state);
+    state.SetItemsProcessed(state.iterations() * items);
+}
+
+void addStartUpFigures();
+void addReadingFigures();
 void addLoggerFigures();
+void addLoadingFigure();

@@ -28,7 +28,7 @@ Body loading(const QString &library)
 
 void addLoadingFigure()
 {
-    addFigure("loading the library", 1.2, loading(QStringLiteral(QUENDA_HELP)),
+    addFigure("loading the library", noLimit, loading(QStringLiteral(QUENDA_HELP)),
               loading(QStringLiteral(EMPTY_LIBRARY)),
               [](benchmark::internal::Benchmark *one) { one->UseManualTime()->Iterations(20); });
 }

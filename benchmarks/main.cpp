@@ -1,4 +1,5 @@
-// Runs all figures and ends with a table of the ratios between each and its floor in the same run.
+// Runs all figures and ends with a table of the ratios between each and its baseline in the same
+// run: of times, or in callgrind of instructions, whose ratios are not to pass their limits.
 
 #include "Figures.h"
 
@@ -15,7 +16,7 @@ namespace {
 struct Figure
 {
     std::string name;
-    double wanted;
+    double limit;
 };
 
 std::vector<Figure> &figures()
@@ -24,16 +25,17 @@ std::vector<Figure> &figures()
     return all;
 }
 
-std::string floorOf(const std::string &name)
+std::string baselineOf(const std::string &name)
 {
-    return name + " (floor)";
+    return name + " (baseline)";
 }
 
-// Shows the runs as usual and keeps the medians: seconds for one item.
+// Shows the runs as usual and keeps what one item takes: instructions, or the median of the
+// seconds.
 class Reporter : public benchmark::ConsoleReporter
 {
 public:
-    std::map<std::string, double> medians;
+    std::map<std::string, double> values;
 
     bool ReportContext(const Context &context) override
     {
@@ -45,44 +47,65 @@ public:
     void ReportRuns(const std::vector<Run> &runs) override
     {
         ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs)
-            if (run.aggregate_name == "median")
-                if (const auto rate = run.counters.find("items_per_second");
-                    rate != run.counters.end())
-                    medians[run.run_name.function_name] = 1 / rate->second;
+        for (const Run &run : runs) {
+            const auto count = run.counters.find("instructions");
+            const auto rate = run.counters.find("items_per_second");
+            if (isCounting() && run.run_type == Run::RT_Iteration && count != run.counters.end())
+                values[run.run_name.function_name] = count->second;
+            else if (!isCounting() && run.aggregate_name == "median" && rate != run.counters.end())
+                values[run.run_name.function_name] = 1 / rate->second;
+        }
     }
 
 private:
     bool reported = false;
 };
 
-void printTable(const std::map<std::string, double> &medians)
+void printTimes(const std::map<std::string, double> &values)
 {
-    std::printf("\n| figure | ratio | wanted | one takes |\n| --- | --- | --- | --- |\n");
+    std::printf("\n| figure | ratio | one takes |\n| --- | --- | --- |\n");
     for (const Figure &figure : figures()) {
-        const auto code = medians.find(figure.name);
-        const auto floor = medians.find(floorOf(figure.name));
-        if (code == medians.end() || floor == medians.end())
-            continue;
-        const double ratio = code->second / floor->second;
-        if (figure.wanted == anyRatio)
-            std::printf("| %s | %.2f | | %.0f ns |\n", figure.name.c_str(), ratio,
-                        code->second * 1e9);
-        else
-            std::printf("| %s | %.2f | at most %.2f%s | %.0f ns |\n", figure.name.c_str(), ratio,
-                        figure.wanted, ratio > figure.wanted ? ", MISSED" : "", code->second * 1e9);
+        const auto code = values.find(figure.name);
+        const auto baseline = values.find(baselineOf(figure.name));
+        if (code != values.end() && baseline != values.end())
+            std::printf("| %s | %.2f | %.0f ns |\n", figure.name.c_str(),
+                        code->second / baseline->second, code->second * 1e9);
     }
+}
+
+// Whether every figure was counted and keeps its limit.
+bool printInstructions(const std::map<std::string, double> &values)
+{
+    bool allKept = true;
+    std::printf("\n| figure | instructions | baseline | ratio | limit |\n"
+                "| --- | --- | --- | --- | --- |\n");
+    for (const Figure &figure : figures()) {
+        const auto code = values.find(figure.name);
+        const auto baseline = values.find(baselineOf(figure.name));
+        const bool counted = code != values.end() && baseline != values.end();
+        const double ratio = counted ? code->second / baseline->second : 0;
+        const bool kept = counted && ratio <= figure.limit;
+        std::printf("| %s | %.0f | %.0f | %.3f | %.2f%s |\n", figure.name.c_str(),
+                    counted ? code->second : 0, counted ? baseline->second : 0, ratio, figure.limit,
+                    kept ? "" : ", EXCEEDED");
+        allKept = allKept && kept;
+    }
+    return allKept;
 }
 
 } // namespace
 
-void addFigure(const std::string &name, double wanted, const Body &code, const Body &floor,
+void addFigure(const std::string &name, double limit, const Body &code, const Body &baseline,
                const std::function<void(benchmark::internal::Benchmark *)> &configure)
 {
-    figures().push_back({name, wanted});
+    if (isCounting() && limit == noLimit)
+        return;
+    figures().push_back({name, limit});
     for (auto *one : {benchmark::RegisterBenchmark(name.c_str(), code),
-                      benchmark::RegisterBenchmark(floorOf(name).c_str(), floor)}) {
-        if (configure)
+                      benchmark::RegisterBenchmark(baselineOf(name).c_str(), baseline)}) {
+        if (isCounting())
+            one->Iterations(500)->Repetitions(2); // once to warm up: the last one stays
+        else if (configure)
             configure(one);
         else
             one->UseRealTime();
@@ -93,7 +116,8 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     Quenda::Kit::Logger::init();
-    addConfigurationFigures();
+    addStartUpFigures();
+    addReadingFigures();
     addLoggerFigures();
     addLoadingFigure();
 
@@ -101,11 +125,15 @@ int main(int argc, char *argv[])
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
     Reporter reporter;
+    if (isCounting()) {
+        benchmark::RunSpecifiedBenchmarks(&reporter, "all");
+        return printInstructions(reporter.values) ? 0 : 1;
+    }
     if (const std::string filter = benchmark::GetBenchmarkFilter(); !filter.empty())
         benchmark::RunSpecifiedBenchmarks(&reporter, filter);
     else // one after the other: a large document leaves a heap behind that slows the small ones
         for (const Figure &figure : figures())
-            benchmark::RunSpecifiedBenchmarks(&reporter, '^' + figure.name + "( .floor.)?/");
-    printTable(reporter.medians);
+            benchmark::RunSpecifiedBenchmarks(&reporter, '^' + figure.name + "( .baseline.)?/");
+    printTimes(reporter.values);
     return 0;
 }

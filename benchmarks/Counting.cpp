@@ -1,0 +1,37 @@
+#include "Figures.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <valgrind/callgrind.h>
+
+bool isCounting()
+{
+    return RUNNING_ON_VALGRIND != 0;
+}
+
+void startCounting()
+{
+    CALLGRIND_ZERO_STATS;
+}
+
+void stopCounting(benchmark::State &state)
+{
+    if (!isCounting())
+        return;
+    // A program cannot ask callgrind for its count; but each dump is a file of its own, complete
+    // when the request returns.
+    CALLGRIND_DUMP_STATS;
+    static int dumps = 0;
+    QFile dump(
+        QStringLiteral("callgrind.out.%1.%2").arg(QCoreApplication::applicationPid()).arg(++dumps));
+    const QByteArray key = QByteArrayLiteral("totals: ");
+    if (dump.open(QIODevice::ReadOnly))
+        for (QByteArray line = dump.readLine(); !line.isEmpty(); line = dump.readLine())
+            if (line.startsWith(key)) {
+                const double total = line.mid(key.size()).trimmed().toDouble();
+                state.counters["instructions"] = total / static_cast<double>(state.iterations());
+                return;
+            }
+    state.SkipWithError("callgrind wrote no count");
+}

@@ -32,11 +32,10 @@ public:
  * The first instance() makes the logger, and its thread is the logger's: call init() on the thread
  * that runs the event loop, so early in the start-up that no other thread has logged yet.
  *
- * log(), logErr() and logWarn() are thread-safe. They take no lock of
- * their own, format nothing and report nothing back. Records are written in the order in which they
- * were posted; those posted before the event loop runs wait for it. A record is written as it is,
- * in one line whatever it holds: the framework decorates. A severity for which the framework has no
- * composer is dropped.
+ * log(), logErr() and logWarn() are thread-safe. They take no lock of their own, format nothing and
+ * report nothing back. Records are written in the order in which they were posted; those posted
+ * before the event loop runs wait for it. A record is written as it is, in one line whatever it
+ * holds: the framework decorates. A severity for which the framework has no composer is dropped.
  *
  * The logger is a static object, destroyed after main() or when the library is unloaded, and the
  * records that still wait are dropped with it. Whoever logs or delivers afterwards uses an object

@@ -9,7 +9,8 @@ namespace Quenda::Kit {
 
 /**
  * Reads an entry document: every `entry` element, at any depth and under any root, with its "name"
- * attribute and its text as it stands.
+ * attribute and its text as it stands. Start-up does without it; it is for code that reads an entry
+ * document of its own, such as a tool or a host's tests.
  *
  * Make one, call visit() with the document's text, then look at error(): if it is empty, result()
  * holds the document's entries; if not, the document is unusable as a whole. Of two entries with

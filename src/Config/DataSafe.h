@@ -9,6 +9,9 @@ namespace Quenda::Kit {
 /**
  * The configuration store: an ordered map from name to text.
  *
+ * Start-up makes one and hands it over as an AbstractDataSafe, which is all that a host needs. This
+ * class is for code that fills a store of its own, such as a host's tests.
+ *
  * Give it to a boost::shared_ptr as a DataSafe at once, so that the handle destroys the right type.
  * The typed getters read through the virtual getString(); a class derived from this one that
  * overrides getString() thereby changes them all.

@@ -11,7 +11,7 @@ namespace Quenda::Kit {
 
 /**
  * Walks the elements of a DOM tree and calls a handler at each; the base of the library's XML
- * readers.
+ * readers, and of any reader of a host's that wants the elements of a document one by one.
  *
  * One walk calls onVisitStarted(), then in document order onElement() on entering an element and
  * onEndElement() after its subtree, and at last onVisitEnded(). Only elements reach the handlers; a

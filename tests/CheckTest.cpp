@@ -34,7 +34,7 @@ QByteArray unescaped(const QString &text)
 QVector<Finding> findingsOf(const QString &path)
 {
     QString error;
-    const auto place = Place::find(path, &error);
+    const auto place = Place::find(path, Place::Wanted::Documents, &error);
     const auto documents = place ? place->read(&error) : std::nullopt;
     if (!documents)
         qFatal("%s", qPrintable(error));

@@ -64,7 +64,8 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::ReadOnly));
         original = file.readAll();
         QString error;
-        window = std::make_unique<PreviewWindow>(*Place::find(folder, &error));
+        window =
+            std::make_unique<PreviewWindow>(*Place::find(folder, Place::Wanted::Product, &error));
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
     }

@@ -18,7 +18,7 @@ namespace {
 std::vector<Document> builtIn(const QString &product)
 {
     QString error;
-    return *Place::find(product, &error)->read(&error);
+    return *Place::find(product, Place::Wanted::Product, &error)->read(&error);
 }
 
 std::unique_ptr<Surface> surface(const std::vector<Document> &documents)

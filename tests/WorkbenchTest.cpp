@@ -51,7 +51,7 @@ private Q_SLOTS:
         commandLineRow("screenshot tesmar s.doc", 2, "", "expected one of the suffixes bmp, ");
         commandLineRow("screenshot tesmar none/s.png", 2, "", "cannot write none/s.png");
         commandLineRow("screenshot tesmar s.png --state 0x31", 2, "",
-                       "there are: 0x01 (full view), ");
+                       "there are: full view (0x1), ");
         commandLineRow("screenshot tesmar s.png --menu menuNone", 2, "", "there are: menuFile, ");
         commandLineRow("screenshot tesmar s.png --tools all", 2, "", "there are: boxes, bars");
         commandLineRow("preview none", 2, "", "preview needs a display");

@@ -3,28 +3,7 @@
 #include "Commands.h"
 #include "check/Check.h"
 
-#include <QCommandLineParser>
-
 #include <optional>
-
-/** A command's positional arguments: the command's name, then its own. */
-struct Positional
-{
-    const char *command;
-    const char *syntax; ///< Of those behind the name, such as "PLACE FILE".
-    int least; ///< How many there have to be.
-    int most;
-};
-
-/**
- * Parses the arguments of the program for a command. The status with which the command ends at
- * once, after an explanation or a mistake in the arguments; none when it goes on.
- */
-std::optional<Status> parse(QCommandLineParser &parser, const QStringList &arguments,
-                            const Positional &positional, const char *description);
-
-/** The arguments behind the command's name. */
-QStringList placesOf(const QCommandLineParser &parser);
 
 /** A place that a user named, with its documents and what is wrong with them. */
 struct LoadedPlace
@@ -32,13 +11,16 @@ struct LoadedPlace
     Place place;
     std::vector<Document> documents;
     QVector<Finding> findings;
-
-    /** Says on standard error why there is none. */
-    static std::optional<LoadedPlace> load(const QString &name);
-
-    /** Whether it is a whole product without an error; says on standard error what is not. */
-    std::optional<Status> whyNotBuilt() const;
 };
+
+/** Reads and checks a place; says on standard error why it cannot be read. */
+std::optional<LoadedPlace> loadPlace(const QString &name, Place::Wanted wanted);
+
+/**
+ * The same for a whole product without an error. Otherwise @p status is what the command ends with,
+ * and what is wrong is said on standard error.
+ */
+std::optional<LoadedPlace> loadCorrectProduct(const QString &name, Status *status);
 
 /** Findings, one a line, and a line that counts them. */
 QString reportOf(const QVector<Finding> &findings, std::size_t documents);
@@ -47,10 +29,18 @@ QString reportOf(const QVector<Finding> &findings, std::size_t documents);
 Status print(const QString &text);
 
 /** Says on standard error why something could not be done. */
-Status fail(const QString &text);
+Status failWith(const QString &text);
 
-/** From now on drops what Qt has to say about a missing desktop, which is not needed. */
-void dropPlatformMessages();
+/** The same with a text as by compose(). */
+template <typename... Values>
+Status fail(const char *pattern, const Values &...values)
+{
+    return failWith(compose(pattern, values...));
+}
+
+/** Which of the names is wanted, in any letter case; -1, after saying which there are, if none is.
+ */
+int choose(const char *what, const QString &wanted, const QStringList &names);
 
 /**
  * The look in which surfaces are shown: the documents' style sheets are made for light colours,

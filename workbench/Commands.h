@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringList>
+#include <QCommandLineParser>
 
 /** What went well or wrong, for the exit status of every command. */
 enum Status {
@@ -9,8 +9,11 @@ enum Status {
     NotDone = 2,
 };
 
-/** The commands, each with all arguments of the program. */
-int checkCommand(const QStringList &arguments);
-int previewCommand(const QStringList &arguments);
-int screenshotCommand(const QStringList &arguments);
-int outlineCommand(const QStringList &arguments);
+/** The commands: each with the arguments behind its name, and with the options that are set. */
+Status checkCommand(const QStringList &places, const QCommandLineParser &parser);
+Status previewCommand(const QStringList &places, const QCommandLineParser &parser);
+Status screenshotCommand(const QStringList &placeAndFile, const QCommandLineParser &parser);
+Status outlineCommand(const QStringList &places, const QCommandLineParser &parser);
+
+/** Those of the one command that has any. */
+QList<QCommandLineOption> screenshotOptions();

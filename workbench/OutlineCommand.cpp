@@ -1,17 +1,9 @@
 #include "CommandLine.h"
 #include "outline/Outline.h"
 
-int outlineCommand(const QStringList &arguments)
+Status outlineCommand(const QStringList &places, const QCommandLineParser &)
 {
-    QCommandLineParser parser;
-    if (const auto status =
-            parse(parser, arguments, {"outline", "PLACE", 1, 1},
-                  "Prints all that a product's documents say and nothing else, one thing a line."))
-        return *status;
-    const auto loaded = LoadedPlace::load(placesOf(parser).constFirst());
-    if (!loaded)
-        return NotDone;
-    if (const auto status = loaded->whyNotBuilt())
-        return *status;
-    return print(outlineOf(loaded->documents));
+    Status status = NothingWrong;
+    const auto loaded = loadCorrectProduct(places.constFirst(), &status);
+    return loaded ? print(outlineOf(loaded->documents)) : status;
 }

@@ -76,8 +76,7 @@ void PreviewWindow::addControls(QVBoxLayout *layout)
 {
     stateSelector = new QComboBox;
     for (const HostState &state : states)
-        stateSelector->addItem(
-            QStringLiteral("%1 (0x%2)").arg(state.name, QString::number(state.code, 16)));
+        stateSelector->addItem(state.label());
     presentationSelector = new QComboBox;
     presentationSelector->addItems({QStringLiteral("Tool boxes"), QStringLiteral("Tool bars")});
     for (QComboBox *selector : {stateSelector, presentationSelector})

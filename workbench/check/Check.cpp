@@ -1,12 +1,11 @@
 #include "check/Check.h"
 
 #include "check/Rules.h"
-#include "check/Shape.h"
 
 #include <QDomDocument>
 #include <QRegularExpression>
 
-#include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -14,17 +13,21 @@ namespace {
 // otherwise than QXmlStreamReader.
 void checkAgreement(const XmlElement &element, const QDomElement &dom, Findings &findings)
 {
-    constexpr auto what = "%1 is read differently by applications, as %2; expected plain text "
-                          "without line breaks";
+    const auto compare = [&findings](int offset, const QString &own, const QString &other) {
+        if (own != other)
+            findings.error(offset,
+                           "\"%1\" is read differently by applications, as \"%2\"; expected plain "
+                           "text without line breaks",
+                           own, other);
+    };
     for (const XmlAttribute &attribute : element.attributes) {
         QString other = dom.attribute(attribute.name);
         if (attribute.name == QLatin1String("button-style")) // where white space is of no account
             other.replace(QRegularExpression(QStringLiteral("[\\t\\n\\r]")), QStringLiteral(" "));
-        if (other != attribute.value)
-            findings.error(attribute.offset, what, quoted(attribute.value), quoted(other));
+        compare(attribute.offset, attribute.value, other);
     }
-    if (element.children.empty() && dom.text() != element.text)
-        findings.error(element.offsetOfText(), what, quoted(element.text), quoted(dom.text()));
+    if (element.children.empty())
+        compare(element.offsetOfText(), element.text, dom.text());
     QDomElement child = dom.firstChildElement();
     for (const XmlElement &own : element.children) {
         checkAgreement(own, child, findings);
@@ -57,7 +60,7 @@ QVector<Finding> checkDocument(const Document &document, const QString &product)
     if (!document.exists)
         findings.error(0, "there is no such document; a product needs all three");
     else if (!document.xml.error.text.isEmpty())
-        findings.error(document.xml.error.offset, "%1", escaped(document.xml.error.text));
+        findings.error(document.xml.error.offset, "%1", document.xml.error.text);
     else
         checkContent(document, product, findings);
     std::stable_sort(findings.list.begin(), findings.list.end(),

@@ -1,8 +1,6 @@
 #include "check/Finding.h"
 
-#include <algorithm>
 #include <numeric>
-#include <vector>
 
 namespace {
 
@@ -13,11 +11,10 @@ int distance(const QString &a, const QString &b)
     std::iota(row.begin(), row.end(), 0);
     for (int i = 0; i < a.size(); ++i) {
         int diagonal = std::exchange(row[0], i + 1);
-        for (int j = 0; j < b.size(); ++j) {
-            int &cell = row[static_cast<std::size_t>(j) + 1];
-            const int exchanged = diagonal + (a.at(i) == b.at(j) ? 0 : 1);
-            diagonal = cell;
-            cell = std::min({exchanged, cell + 1, row[static_cast<std::size_t>(j)] + 1});
+        for (std::size_t j = 1; j < row.size(); ++j) {
+            const int exchanged = diagonal + (a.at(i) == b.at(static_cast<int>(j) - 1) ? 0 : 1);
+            diagonal = row[j];
+            row[j] = std::min({exchanged, row[j] + 1, row[j - 1] + 1});
         }
     }
     return row.back();
@@ -32,8 +29,7 @@ QString Finding::message() const
 
 QString Finding::line() const
 {
-    return QStringLiteral("%1:%2:%3: ").arg(path).arg(position.line).arg(position.column)
-           + message();
+    return compose("%1:%2:%3: %4", path, position.line, position.column, message());
 }
 
 void Findings::add(Finding::Severity severity, int offset, const QString &text)
@@ -41,35 +37,7 @@ void Findings::add(Finding::Severity severity, int offset, const QString &text)
     list.append({severity, document.path, positionOf(document.xml.text, offset), text});
 }
 
-QString escaped(const QString &text)
-{
-    QString result;
-    for (const QChar c : text) {
-        if (c == QLatin1Char('\n'))
-            result += QLatin1String("\\n");
-        else if (c == QLatin1Char('\r'))
-            result += QLatin1String("\\r");
-        else if (c == QLatin1Char('\t'))
-            result += QLatin1String("\\t");
-        else if (c.isPrint() || c.isSurrogate())
-            result += c;
-        else
-            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-    }
-    return result;
-}
-
-QString quoted(const QString &value)
-{
-    return QLatin1Char('"') + escaped(value) + QLatin1Char('"');
-}
-
-QString listed(const QStringList &names)
-{
-    return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));
-}
-
-QString suggestion(const QString &name, const QStringList &names)
+QString meantName(const QString &name, const QStringList &names)
 {
     QString best;
     int least = std::min(2, name.size() / 3) + 1;
@@ -82,5 +50,10 @@ QString suggestion(const QString &name, const QStringList &names)
             least = d;
         }
     }
-    return best.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(quoted(best));
+    return best;
+}
+
+QString suggestion(const QString &meant)
+{
+    return meant.isEmpty() ? QString() : compose("; did you mean \"%1\"?", meant);
 }

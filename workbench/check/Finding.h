@@ -1,8 +1,9 @@
 #pragma once
 
 #include "document/Place.h"
+#include "document/Text.h"
 
-#include <QStringList>
+#include <QSet>
 
 /** Something that is wrong, or odd, in a document. */
 struct Finding
@@ -29,47 +30,34 @@ class Findings
 public:
     explicit Findings(const Document &checked) : document(checked) { }
 
-    /** Something wrong at @p offset; the values go where %1 and so on stand in the text. */
+    /** Something wrong at @p offset, said as by compose(). */
     template <typename... Values>
-    void error(int offset, const char *text, const Values &...values)
+    void error(int offset, const char *pattern, const Values &...values)
     {
-        add(Finding::Error, offset, message(text, values...));
+        wrongPlaces.insert(offset);
+        add(Finding::Error, offset, compose(pattern, values...));
     }
 
     template <typename... Values>
-    void warning(int offset, const char *text, const Values &...values)
+    void warning(int offset, const char *pattern, const Values &...values)
     {
-        add(Finding::Warning, offset, message(text, values...));
+        add(Finding::Warning, offset, compose(pattern, values...));
     }
+
+    /** Whether an error was found there: what follows from it is not to be one more. */
+    bool isWrong(int offset) const { return wrongPlaces.contains(offset); }
 
     QVector<Finding> list;
 
 private:
-    static QString toText(const QString &value) { return value; }
-    static QString toText(const char *value) { return QString::fromUtf8(value); }
-    static QString toText(int value) { return QString::number(value); }
-
-    template <typename... Values>
-    static QString message(const char *text, const Values &...values)
-    {
-        if constexpr (sizeof...(values) > 0)
-            return QString::fromUtf8(text).arg(toText(values)...);
-        else
-            return QString::fromUtf8(text);
-    }
     void add(Finding::Severity severity, int offset, const QString &text);
 
     const Document &document;
+    QSet<int> wrongPlaces;
 };
 
-/** A text for a message: on one line, whatever it holds. */
-QString escaped(const QString &text);
+/** The one of @p names that @p name is a slip of; empty without one. */
+QString meantName(const QString &name, const QStringList &names);
 
-/** A value for a message: the same in quotation marks. */
-QString quoted(const QString &value);
-
-/** Names for a message, separated by commas; "none" without any. */
-QString listed(const QStringList &names);
-
-/** "; did you mean ...?" for the one of @p names that @p name is a slip of; empty without one. */
-QString suggestion(const QString &name, const QStringList &names);
+/** "; did you mean ...?", or nothing without a name. */
+QString suggestion(const QString &meant);

@@ -1,108 +1,129 @@
-#include "check/Shape.h"
+#include "check/Rules.h"
+#include "document/ToolDocument.h"
 
-#include <QDomDocument>
 #include <QRegularExpression>
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace {
 
 enum Flag {
-    Text = 1, // holds a text
-    Once = 2, // at most once in its parent
-    Needed = 4,
-    Beyond = 8, // QUiLoader reads it, but hosts promise the format only
+    Once = 1, // at most once in its parent
+    Needed = 2,
+    Beyond = 4, // QUiLoader reads it, but hosts promise the format only
 };
 
-// An element that may stand in a parent. The parent is named by what it is: two elements of one
-// name can hold different things. Attributes are required, or optional after "?", or beyond the
-// format after "~". Rules of one parent stand in the order in which its children do.
+// An element that may stand in a parent, or several that are alike. The parent is named by what it
+// is: two elements of one name can hold different things. Attributes are required, or optional
+// after "?", or beyond the format after "~". The value of an attribute or a text is one of those
+// that valueError() knows; without a text's value, the element holds none. Rules of one parent
+// stand in the order in which its children do.
 struct ElementRule
 {
     const char *parent;
-    const char *name;
+    const char *names;
     const char *is;
     const char *attributes;
-    int flags;
+    const char *text = nullptr;
+    int flags = 0;
 };
 
+constexpr const char *anything = "";
+
 constexpr ElementRule entryRules[] {
-    {"", "quendaconfig", "root", "xmlns:xlink version", 0},
-    {"root", "entry", "entry", "name", Text},
+    {"", "quendaconfig", "root", "xmlns:xlink=http://www.w3.org/1999/xlink version=1.0"},
+    {"root", "entry", "entry", "name=NAME", anything},
 };
 
 constexpr ElementRule toolRules[] {
-    {"", "quendaconfig", "root", "xmlns:xlink", 0},
-    {"root", "module", "module", "id path", 0},
-    {"root", "toolbox", "toolbox", "columns ?mode margin spacing button-style", 0},
-    {"root", "keypad", "keypad", "margin spacing button-style", 0},
-    {"root", "toolbar", "toolbar", "id title ?mode ?break", 0},
-    {"toolbox", "tool", "tool", "id xlink:href ?group ?mode", 0},
-    {"toolbox", "separator", "separator", "type ?mode", 0},
-    {"toolbar", "tool", "tool", "id xlink:href ?group ?mode", 0},
-    {"toolbar", "separator", "separator", "?mode", 0},
-    {"keypad", "key", "key", "id row column rowSpan columnSpan xlink:href", 0},
+    {"", "quendaconfig", "root", "xmlns:xlink=http://www.w3.org/1999/xlink"},
+    {"root", "module", "module", "id=NAME path=LIBRARY"},
+    {"root", "toolbox", "toolbox",
+     "columns=1..100 ?mode=MASK margin=0..1000 spacing=0..1000 button-style"},
+    {"root", "keypad", "keypad", "margin=0..1000 spacing=0..1000 button-style"},
+    {"root", "toolbar", "toolbar", "id=NAME title=NAME ?mode=MASK ?break=true"},
+    {"toolbox toolbar", "tool", "tool", "id=NAME xlink:href ?group=NAME ?mode=MASK"},
+    {"toolbox", "separator", "separator", "type=hline ?mode=MASK"},
+    {"toolbar", "separator", "separator", "?mode=MASK"},
+    {"keypad", "key", "key",
+     "id=NAME row=0..1000 column=0..1000 rowSpan=1..1000 columnSpan=1..1000 xlink:href"},
 };
-
-constexpr const char *stringAttributes = "~notr ~comment ~extracomment ~id";
 
 constexpr ElementRule menuRules[] {
-    {"", "ui", "ui", "version ~language ~displayname ~stdsetdef ~stdSetDef", 0},
-    {"ui", "author", "author", "", Text | Once | Beyond},
-    {"ui", "comment", "comment", "", Text | Once | Beyond},
-    {"ui", "exportmacro", "exportmacro", "", Text | Once | Beyond},
-    {"ui", "class", "class", "", Text | Once | Needed},
-    {"ui", "widget", "bar", "class name ~native", Once | Needed},
-    {"ui", "resources", "resources", "~name", Once},
-    {"ui", "connections", "connections", "", Once},
-    {"resources", "include", "include", "location", Beyond},
-    {"bar", "property", "property", "name ~stdset", 0},
-    {"bar", "widget", "menu", "class name ~native", 0},
-    {"bar", "action", "action", "name", 0},
-    {"bar", "actiongroup", "actiongroup", "name", Beyond},
-    {"bar", "addaction", "addaction", "name", 0},
-    {"menu", "property", "property", "name ~stdset", 0},
-    {"menu", "widget", "menu", "class name ~native", 0},
-    {"menu", "addaction", "addaction", "name", 0},
-    {"actiongroup", "action", "action", "name", 0},
-    {"actiongroup", "property", "property", "name ~stdset", Beyond},
-    {"action", "property", "property", "name ~stdset", 0},
-    {"property", "rect", "rect", "", 0},
-    {"property", "string", "string", stringAttributes, Text},
-    {"property", "bool", "bool", "", Text},
-    {"property", "iconset", "iconset", "~theme ~resource", Text},
-    {"property", "enum", "enum", "", Text},
-    {"rect", "x", "x", "", Text | Once | Needed},
-    {"rect", "y", "y", "", Text | Once | Needed},
-    {"rect", "width", "width", "", Text | Once | Needed},
-    {"rect", "height", "height", "", Text | Once | Needed},
-    {"iconset", "normaloff", "path", "~resource", Text | Once},
-    {"iconset", "normalon", "path", "~resource", Text | Once | Beyond},
-    {"iconset", "disabledoff", "path", "~resource", Text | Once | Beyond},
-    {"iconset", "disabledon", "path", "~resource", Text | Once | Beyond},
-    {"iconset", "activeoff", "path", "~resource", Text | Once | Beyond},
-    {"iconset", "activeon", "path", "~resource", Text | Once | Beyond},
-    {"iconset", "selectedoff", "path", "~resource", Text | Once | Beyond},
-    {"iconset", "selectedon", "path", "~resource", Text | Once | Beyond},
+    {"", "ui", "ui", "version=4.0 ~language=c++ ~displayname ~stdsetdef ~stdSetDef"},
+    {"ui", "author comment exportmacro", "note", "", anything, Once | Beyond},
+    {"ui", "class", "class", "", "menubar", Once | Needed},
+    {"ui", "widget", "bar", "class=QMenuBar name=menubar ~native", nullptr, Once | Needed},
+    {"ui", "resources", "resources", "~name", nullptr, Once},
+    {"ui", "connections", "connections", "", nullptr, Once},
+    {"resources", "include", "include", "location", nullptr, Beyond},
+    {"bar menu", "property", "property", "name ~stdset"},
+    {"bar menu", "widget", "menu", "class=QMenu name=NAME ~native"},
+    {"bar", "action", "action", "name=NAME"},
+    {"bar", "actiongroup", "actiongroup", "name=NAME", nullptr, Beyond},
+    {"bar menu", "addaction", "addaction", "name"},
+    {"actiongroup", "action", "action", "name=NAME"},
+    {"actiongroup", "property", "property", "name ~stdset", nullptr, Beyond},
+    {"action", "property", "property", "name ~stdset"},
+    {"property", "rect", "rect", ""},
+    {"property", "string", "string", "~notr ~comment ~extracomment ~id", anything},
+    {"property", "bool", "bool", "", "true|false"},
+    {"property", "iconset", "iconset", "~theme ~resource", anything},
+    {"property", "enum", "enum", "", anything},
+    {"rect", "x", "x", "", "NUMBER", Once | Needed},
+    {"rect", "y", "y", "", "NUMBER", Once | Needed},
+    {"rect", "width", "width", "", "NUMBER", Once | Needed},
+    {"rect", "height", "height", "", "NUMBER", Once | Needed},
+    {"iconset", "normaloff", "path", "~resource", anything, Once},
+    {"iconset", "normalon disabledoff disabledon activeoff activeon selectedoff selectedon", "path",
+     "~resource", anything, Once | Beyond},
 };
-
-// The values that an attribute has wherever it stands.
-constexpr std::array<const char *, 3> fixedAttributes[] {
-    {"quendaconfig", "xmlns:xlink", "http://www.w3.org/1999/xlink"},
-    {"quendaconfig", "version", "1.0"},
-    {"ui", "version", "4.0"},
-    {"ui", "language", "c++"},
-    {"toolbar", "break", "true"},
-    {"separator", "type", "hline"},
-};
-
-const QString beyond = QStringLiteral("QUiLoader reads it, but hosts promise the format only");
 
 QString tag(const QString &name)
 {
     return QLatin1Char('<') + name + QLatin1Char('>');
+}
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+
+bool isName(const QString &value)
+{
+    return !value.isEmpty() && value == value.trimmed();
+}
+
+// What is expected where a value stands; empty when the value is that.
+QString valueError(const QString &expected, const QString &value)
+{
+    static const QRegularExpression range(QStringLiteral("\\A(\\d+)\\.\\.(\\d+)\\z"));
+    const QRegularExpressionMatch limits = range.match(expected);
+    bool isRight = expected.isEmpty();
+    QString text;
+    if (expected == QLatin1String("NAME")) {
+        isRight = isName(value);
+        text = QStringLiteral("a name without white space at its ends");
+    } else if (expected == QLatin1String("LIBRARY")) {
+        const QString folder = QStringLiteral("%LIBRARY%/");
+        isRight = value.startsWith(folder) && isName(value.mid(folder.size()));
+        text = quoted(folder) + QLatin1String(" and a library's name");
+    } else if (expected == QLatin1String("MASK")) {
+        isRight = maskFromText(value).has_value();
+        text = QStringLiteral("a number such as 17 or 0x11");
+    } else if (expected == QLatin1String("NUMBER")) {
+        value.toInt(&isRight);
+        text = QStringLiteral("a number");
+    } else if (limits.hasMatch()) {
+        const int number = numberFromText(value).value_or(-1);
+        isRight = number >= limits.captured(1).toInt() && number <= limits.captured(2).toInt();
+        text = compose("a number in %1 to %2", limits.captured(1), limits.captured(2));
+    } else if (!isRight) {
+        const QStringList values = expected.split(QLatin1Char('|'));
+        isRight = values.contains(value);
+        text = quoted(values.join(QLatin1String("\" or \"")));
+    }
+    return isRight ? QString() : text;
 }
 
 class ShapeChecker
@@ -119,119 +140,127 @@ public:
 
     void checkRoot(const XmlElement &root)
     {
-        if (root.name != QLatin1String(begin->name))
-            findings.error(root.offset, "the root is %1; expected %2", tag(root.name),
-                           tag(QLatin1String(begin->name)));
-        else
+        if (root.is(begin->names))
             check(root, *begin);
+        else
+            findings.error(root.offset, "the root is <%1>; expected <%2>", root.name, begin->names);
     }
 
 private:
-    const ElementRule *ruleOf(const char *parent, const QString &name) const
+    // The rules of what may stand in a parent.
+    QVector<const ElementRule *> rulesIn(const char *parentIs) const
     {
-        const auto *const rule = std::find_if(begin, end, [&](const ElementRule &candidate) {
-            return QLatin1String(parent) == QLatin1String(candidate.parent)
-                   && name == QLatin1String(candidate.name);
-        });
-        return rule == end ? nullptr : rule;
+        QVector<const ElementRule *> rules;
+        for (const ElementRule *rule = begin; rule != end; ++rule)
+            if (words(rule->parent).contains(QLatin1String(parentIs)))
+                rules.append(rule);
+        return rules;
     }
 
     void check(const XmlElement &element, const ElementRule &rule)
     {
         if (rule.flags & Beyond)
-            findings.warning(element.offset, "%1: %2", tag(element.name), beyond);
+            findings.warning(element.offset,
+                             "<%1>: QUiLoader reads it, but hosts promise the format only",
+                             element.name);
         checkAttributes(element, rule);
-        if (!element.text.isEmpty() && !(rule.flags & Text))
-            findings.error(element.offsetOfText(), "text %1 in %2; expected elements only",
-                           quoted(element.text.simplified()), tag(element.name));
-        const ElementRule *last = nullptr;
-        QVector<const ElementRule *> seen;
-        for (const XmlElement &child : element.children) {
-            const ElementRule *childRule = ruleOf(rule.is, child.name);
-            if (!childRule) {
-                reportUnknown(child, element, rule.is);
-                continue;
-            }
-            if ((childRule->flags & Once) && seen.contains(childRule))
-                findings.error(child.offset, "a second %1 in %2; expected one", tag(child.name),
-                               tag(element.name));
-            if (isOrdered && last && childRule < last && !(childRule->flags & Beyond))
-                findings.warning(child.offset, "%1 behind %2; the format has it in front",
-                                 tag(child.name), tag(QLatin1String(last->name)));
-            if (!(childRule->flags & Beyond))
-                last = std::max(last, childRule);
-            seen.append(childRule);
-            check(child, *childRule);
-        }
-        for (const ElementRule *needed = begin; needed != end; ++needed)
-            if (QLatin1String(needed->parent) == QLatin1String(rule.is) && (needed->flags & Needed)
-                && !seen.contains(needed))
-                findings.error(element.offset, "%1 lacks %2; expected one", tag(element.name),
-                               tag(QLatin1String(needed->name)));
+        const QString expected = valueError(QString::fromLatin1(rule.text), element.text);
+        if (!rule.text && !element.text.isEmpty())
+            findings.error(element.offsetOfText(), "text \"%1\" in <%2>; expected elements only",
+                           element.text.simplified(), element.name);
+        else if (!expected.isEmpty())
+            findings.error(element.offsetOfText(), "<%1> is \"%2\"; expected %3", element.name,
+                           element.text, expected);
+        checkChildren(element, rulesIn(rule.is));
     }
 
-    void reportUnknown(const XmlElement &child, const XmlElement &parent, const char *parentIs)
+    void checkChildren(const XmlElement &element, const QVector<const ElementRule *> &rules)
+    {
+        const ElementRule *last = nullptr;
+        QStringList seen;
+        for (const XmlElement &child : element.children) {
+            const auto found = std::find_if(rules.begin(), rules.end(), [&child](const auto *rule) {
+                return words(rule->names).contains(child.name);
+            });
+            if (found == rules.end()) {
+                reportUnknown(child, element, rules);
+                continue;
+            }
+            const ElementRule &rule = **found;
+            if ((rule.flags & Once) && seen.contains(child.name))
+                findings.error(child.offset, "a second <%1> in <%2>; expected one", child.name,
+                               element.name);
+            seen += child.name;
+            if (!(rule.flags & Beyond)) {
+                if (isOrdered && last && &rule < last)
+                    findings.warning(child.offset, "<%1> behind <%2>; the format has it in front",
+                                     child.name, last->names);
+                last = std::max(last, &rule);
+            }
+            check(child, rule);
+        }
+        for (const ElementRule *rule : rules)
+            if ((rule->flags & Needed) && !seen.contains(QLatin1String(rule->names)))
+                findings.error(element.offset, "<%1> lacks <%2>; expected one", element.name,
+                               rule->names);
+    }
+
+    void reportUnknown(const XmlElement &child, const XmlElement &parent,
+                       const QVector<const ElementRule *> &rules)
     {
         QStringList expected;
-        bool isKnown = false;
-        for (const ElementRule *rule = begin; rule != end; ++rule) {
-            if (QLatin1String(rule->parent) == QLatin1String(parentIs) && !(rule->flags & Beyond))
-                expected += tag(QLatin1String(rule->name));
-            isKnown = isKnown || child.name == QLatin1String(rule->name);
-        }
+        for (const ElementRule *rule : rules)
+            if (!(rule->flags & Beyond))
+                expected += tag(QLatin1String(rule->names));
+        const bool isKnown = std::any_of(begin, end, [&child](const ElementRule &rule) {
+            return words(rule.names).contains(child.name);
+        });
         findings.error(child.offset,
-                       isKnown ? "%1 cannot stand in %2; expected there: %3"
-                               : "unknown element %1 in %2; expected: %3",
-                       tag(child.name), tag(parent.name), listed(expected));
+                       isKnown ? "<%1> cannot stand in <%2>; expected there: %3"
+                               : "unknown element <%1> in <%2>; expected: %3",
+                       child.name, parent.name, listed(expected));
     }
 
     void checkAttributes(const XmlElement &element, const ElementRule &rule)
     {
+        static const QRegularExpression pattern(QStringLiteral("([?~]?)([^ =]+)=?([^ ]*)"));
         QStringList required;
-        QStringList all;
-        QStringList beyondFormat;
-        const QStringList names =
-            QString::fromLatin1(rule.attributes).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        for (const QString &name : names) {
-            if (name.front() == QLatin1Char('~')) {
-                beyondFormat += name.mid(1);
-                continue;
-            }
-            if (name.front() != QLatin1Char('?'))
-                required += name;
-            all += name.front() == QLatin1Char('?') ? name.mid(1) : name;
-        }
+        QStringList known;
         QStringList missing;
-        std::copy_if(required.cbegin(), required.cend(), std::back_inserter(missing),
-                     [&element](const QString &name) { return !element.has(qPrintable(name)); });
-        for (const XmlAttribute &attribute : element.attributes) {
-            checkFixed(element, attribute);
-            if (all.contains(attribute.name))
-                continue;
-            if (beyondFormat.contains(attribute.name)) {
-                findings.warning(attribute.offset, "attribute \"%1\": %2", attribute.name, beyond);
-                continue;
-            }
-            const QString meant = suggestion(attribute.name, all);
-            for (const QString &name : all)
-                if (meant.contains(quoted(name)))
-                    missing.removeAll(name); // one slip, one finding
-            findings.error(attribute.offset, "unknown attribute %1 of %2; expected: %3%4",
-                           quoted(attribute.name), tag(element.name), listed(all), meant);
+        QStringList wanted; // of the format
+        for (auto specs = pattern.globalMatch(QLatin1String(rule.attributes)); specs.hasNext();) {
+            const QRegularExpressionMatch spec = specs.next();
+            const QString name = spec.captured(2);
+            const XmlAttribute *attribute = findNamed(element.attributes, name);
+            known += name;
+            if (spec.captured(1) != QLatin1String("~"))
+                wanted += name;
+            else if (attribute)
+                findings.warning(
+                    attribute->offset,
+                    "attribute \"%1\": QUiLoader reads it, but hosts promise the format only",
+                    name);
+            if (spec.captured(1).isEmpty())
+                required += name;
+            if (spec.captured(1).isEmpty() && !attribute)
+                missing += name;
+            const QString expected =
+                attribute ? valueError(spec.captured(3), attribute->value) : QString();
+            if (!expected.isEmpty())
+                findings.error(attribute->offset, "\"%1\" is \"%2\"; expected %3", name,
+                               attribute->value, expected);
         }
-        for (const QString &name : std::as_const(missing))
-            findings.error(element.offset, "%1 has no \"%2\"; expected: %3", tag(element.name),
-                           name, listed(required));
-    }
-
-    void checkFixed(const XmlElement &element, const XmlAttribute &attribute)
-    {
-        for (const auto &[name, attributeName, value] : fixedAttributes)
-            if (element.name == QLatin1String(name)
-                && attribute.name == QLatin1String(attributeName)
-                && attribute.value != QLatin1String(value))
-                findings.error(attribute.offset, "\"%1\" is %2; expected \"%3\"", attribute.name,
-                               quoted(attribute.value), QLatin1String(value));
+        for (const XmlAttribute &attribute : element.attributes) {
+            if (known.contains(attribute.name))
+                continue;
+            const QString meant = meantName(attribute.name, wanted);
+            missing.removeAll(meant); // one slip, one finding
+            findings.error(attribute.offset, "unknown attribute \"%1\" of <%2>; expected: %3%4",
+                           attribute.name, element.name, listed(wanted), suggestion(meant));
+        }
+        for (const QString &name : qAsConst(missing))
+            findings.error(element.offset, "<%1> has no \"%2\"; expected: %3", element.name, name,
+                           listed(required));
     }
 
     const ElementRule *begin;
@@ -246,12 +275,12 @@ void checkProlog(const Document &document, Findings &findings)
     if (document.kind == DocumentKind::Tools) {
         if (!xml.version.isEmpty())
             findings.error(0, "an XML declaration; a tool document has none");
-        const auto *const other = std::find_if(xml.text.cbegin(), xml.text.cend(),
-                                               [](QChar c) { return c.unicode() > 0x7f; });
-        if (other != xml.text.cend())
-            findings.error(static_cast<int>(other - xml.text.cbegin()),
-                           "%1 is not ASCII; expected plain ASCII in a tool document",
-                           quoted(*other));
+        const auto other = std::find_if(xml.text.begin(), xml.text.end(),
+                                        [](QChar c) { return c.unicode() > 0x7f; });
+        if (other != xml.text.end())
+            findings.error(static_cast<int>(other - xml.text.begin()),
+                           "\"%1\" is not ASCII; expected plain ASCII in a tool document",
+                           QString(*other));
     } else if (xml.version != QLatin1String("1.0")
                || xml.encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) != 0) {
         findings.error(0, "expected the XML declaration with version 1.0 and encoding UTF-8");

@@ -1,75 +1,92 @@
-#include "check/Shortcuts.h"
+#include "check/Rules.h"
+
+#include <QKeySequence>
 
 namespace {
+
+// A shortcut of an action, or the mnemonic of a menu in the bar.
+struct Shortcut
+{
+    QKeySequence keys;
+    QString owner;
+};
 
 QString portable(const QKeySequence &keys)
 {
     return keys.toString(QKeySequence::PortableText);
 }
 
-bool isReadable(const QKeySequence &keys)
+bool isReadable(const QKeySequence &keys, const QString &text)
 {
     for (int i = 0; i < keys.count(); ++i)
         if (keys[static_cast<uint>(i)] == Qt::Key_unknown)
             return false;
-    return !keys.isEmpty();
+    // Qt drops what is behind the fourth key.
+    const QLatin1Char comma(',');
+    return !keys.isEmpty() && portable(keys).count(comma) == text.count(comma);
+}
+
+void checkSpelling(const QKeySequence &keys, const XmlElement &value, Findings &findings)
+{
+    if (portable(keys) != value.text)
+        findings.warning(value.offsetOfText(), "shortcut \"%1\"; Qt spells it \"%2\"", value.text,
+                         portable(keys));
+    if (keys.count() == 1 && (keys[0] & ~int(Qt::ShiftModifier)) < Qt::Key_Escape)
+        findings.warning(
+            value.offsetOfText(),
+            "shortcut \"%1\" takes a character from typing; expected one with Ctrl or Alt",
+            value.text);
+}
+
+// Against those that are taken already.
+void checkConflict(const Shortcut &shortcut, const QVector<Shortcut> &taken, int offset,
+                   Findings &findings)
+{
+    const auto conflict = std::find_if(taken.begin(), taken.end(), [&](const Shortcut &other) {
+        return shortcut.keys.matches(other.keys) != QKeySequence::NoMatch
+               || other.keys.matches(shortcut.keys) != QKeySequence::NoMatch;
+    });
+    if (conflict == taken.end())
+        return;
+    if (conflict->keys == shortcut.keys)
+        findings.error(offset, "shortcut \"%1\" of %2 is taken by %3; expected another",
+                       portable(shortcut.keys), shortcut.owner, conflict->owner);
+    else
+        findings.error(
+            offset, "shortcuts \"%1\" of %2 and \"%3\" of %4 begin alike; expected another",
+            portable(shortcut.keys), shortcut.owner, portable(conflict->keys), conflict->owner);
 }
 
 } // namespace
 
 QString mnemonicOf(const QString &text)
 {
-    const QKeySequence keys = QKeySequence::mnemonic(text);
-    return keys.isEmpty() ? QString()
-                          : portable(QKeySequence(keys[0] & ~int(Qt::KeyboardModifierMask)));
+    const QKeySequence keys = QKeySequence::mnemonic(text); // with Alt
+    return portable(keys.isEmpty() ? keys : QKeySequence(keys[0] & ~int(Qt::ALT)));
 }
 
-void Shortcuts::addMnemonic(const QString &title, const QString &menu)
+void checkShortcuts(const MenuDocument &menus, Findings &findings)
 {
-    const QKeySequence keys = QKeySequence::mnemonic(title);
-    if (!keys.isEmpty())
-        mnemonics.insert(portable(keys), menu);
-}
-
-void Shortcuts::add(const XmlElement &value, const QString &action)
-{
-    const QString &text = value.text;
-    const auto keys = QKeySequence::fromString(text, QKeySequence::PortableText);
-    const int place = value.offsetOfText();
-    // Qt drops what is behind the fourth key.
-    if (!isReadable(keys) || portable(keys).count(QLatin1Char(',')) != text.count(QLatin1Char(',')))
-        return findings.error(place, "%1 is no shortcut; expected one to four keys such as Ctrl+S",
-                              quoted(text));
-    if (portable(keys) != text)
-        findings.warning(place, "shortcut %1; Qt spells it %2", quoted(text),
-                         quoted(portable(keys)));
-    const auto key = keys[0] & ~int(Qt::ShiftModifier);
-    if (keys.count() == 1 && key < Qt::Key_Escape)
-        findings.warning(place,
-                         "shortcut %1 takes a character from typing; expected one with Ctrl or Alt",
-                         quoted(text));
-    if (mnemonics.contains(portable(keys)))
-        findings.error(place, "shortcut \"%1\" of \"%2\" opens the menu \"%3\"; expected another",
-                       portable(keys), action, mnemonics.value(portable(keys)));
-    shortcuts.append({keys, action, place});
-}
-
-void Shortcuts::check()
-{
-    for (auto later = shortcuts.cbegin(); later != shortcuts.cend(); ++later)
-        for (auto earlier = shortcuts.cbegin(); earlier != later; ++earlier) {
-            if (earlier->keys == later->keys)
-                findings.error(later->offset,
-                               "shortcut \"%1\" of \"%2\" is taken by \"%3\"; expected another",
-                               portable(later->keys), later->action, earlier->action);
-            else if (earlier->keys.matches(later->keys) == QKeySequence::PartialMatch
-                     || later->keys.matches(earlier->keys) == QKeySequence::PartialMatch)
-                findings.error(
-                    later->offset,
-                    "shortcuts \"%1\" of \"%2\" and \"%3\" of \"%4\" begin alike; expected another",
-                    portable(later->keys), later->action, portable(earlier->keys), earlier->action);
-            else
-                continue;
-            break;
+    QVector<Shortcut> taken;
+    for (const MenuDocument::Menu &menu : menus.bar.subMenus) {
+        const QKeySequence mnemonic = QKeySequence::mnemonic(propertyText(*menu.xml, "title"));
+        if (!mnemonic.isEmpty())
+            taken.append({mnemonic, compose("the menu \"%1\"", menu.name)});
+    }
+    for (const MenuDocument::Object &action : menus.actions) {
+        const XmlElement *value = propertyOf(*action.xml, "shortcut");
+        if (!value)
+            continue;
+        const Shortcut shortcut {QKeySequence::fromString(value->text, QKeySequence::PortableText),
+                                 quoted(action.name)};
+        if (!isReadable(shortcut.keys, value->text)) {
+            findings.error(value->offsetOfText(),
+                           "\"%1\" is no shortcut; expected one to four keys such as Ctrl+S",
+                           value->text);
+            continue;
         }
+        checkSpelling(shortcut.keys, *value, findings);
+        checkConflict(shortcut, taken, value->offsetOfText(), findings);
+        taken.append(shortcut);
+    }
 }

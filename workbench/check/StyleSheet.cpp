@@ -29,22 +29,28 @@ void paint(const QString &styleSheet)
     button.grab();
 }
 
-} // namespace
-
-QString styleSheetComplaint(const QString &styleSheet)
+QString complaintOf(const QString &styleSheet)
 {
-    // Documents repeat one style sheet, and trying it takes longer than all the rest.
-    static QHash<QString, QString> known;
-    const auto found = known.constFind(styleSheet);
-    if (found != known.constEnd())
-        return *found;
     QString message;
     complaint = &message;
     const QtMessageHandler previous = qInstallMessageHandler(collect);
     paint(styleSheet);
     qInstallMessageHandler(previous);
     // The address of a button says nothing.
-    if (message.startsWith(QLatin1String("Could not parse stylesheet")))
-        message = QStringLiteral("Could not parse stylesheet");
-    return known[styleSheet] = message;
+    const QString unparsed = QStringLiteral("Could not parse stylesheet");
+    return message.startsWith(unparsed) ? unparsed : message;
+}
+
+} // namespace
+
+void checkStyleSheet(const QString &styleSheet, int offset, Findings &findings)
+{
+    // Documents repeat one style sheet, and trying it takes longer than all the rest.
+    static QHash<QString, QString> known;
+    if (!known.contains(styleSheet))
+        known[styleSheet] = complaintOf(styleSheet);
+    if (!known[styleSheet].isEmpty())
+        findings.error(offset,
+                       "the style sheet does not work: %1; expected Qt's style sheet syntax",
+                       known[styleSheet]);
 }

@@ -2,34 +2,10 @@
 #include "document/HostState.h"
 #include "document/ToolDocument.h"
 
-#include <QRect>
-#include <QSet>
-
-#include <algorithm>
-
 namespace {
 
 // The cells of a keypad.
 constexpr QRect keypadGrid(0, 0, 4, 5);
-
-const QString libraryFolder = QStringLiteral("%LIBRARY%/");
-
-struct NumberRule
-{
-    const char *attribute;
-    int least;
-    int most;
-};
-
-constexpr NumberRule numberRules[] {
-    {"columns", 1, 100}, {"margin", 0, 1000},  {"spacing", 0, 1000},    {"row", 0, 1000},
-    {"column", 0, 1000}, {"rowSpan", 1, 1000}, {"columnSpan", 1, 1000},
-};
-
-int lineOf(const Document &document, const XmlElement &element)
-{
-    return positionOf(document.xml.text, element.offset).line;
-}
 
 class ToolChecker
 {
@@ -40,42 +16,43 @@ public:
           states(hostStates(product)),
           findings(collected)
     {
-        for (const HostState &state : qAsConst(states))
-            knownBits |= state.code;
     }
 
     void check()
     {
-        checkModules();
-        for (const ToolDocument::Box &box : qAsConst(tools.toolBoxes)) {
-            checkStyle(*box.xml);
+        QSet<QString> ids;
+        for (const XmlElement *module : tools.modules)
+            checkUnique(ids, *module, "module", module->value("id"));
+        for (const ToolDocument::Box &box : tools.toolBoxes + tools.keypads) {
+            checkStyleSheet(box.buttonStyle, box.xml->offsetOf("button-style"), findings);
             checkBox(box);
         }
-        for (const ToolDocument::Box &bar : qAsConst(tools.toolBars))
+        for (const ToolDocument::Box &pad : tools.keypads)
+            checkCells(pad);
+        ids.clear();
+        for (const ToolDocument::Box &bar : tools.toolBars) {
+            checkUnique(ids, *bar.xml, "tool bar", bar.id);
             checkBox(bar);
-        for (const ToolDocument::Keypad &pad : qAsConst(tools.keypads))
-            checkKeypad(pad);
-        checkBarIds();
+        }
         checkOverlap(tools.toolBoxes);
         checkOverlap(tools.toolBars);
         checkReferences(document.xml.root);
     }
 
 private:
-    void checkModules()
+    int lineOf(const XmlElement &element) const
     {
-        QSet<QString> ids;
-        for (const ToolDocument::Module &module : qAsConst(tools.modules)) {
-            checkName(*module.xml, "id", findings);
-            checkUnique(ids, *module.xml, QStringLiteral("module"), module.id);
-            const QString name = module.path.mid(libraryFolder.size());
-            if (module.xml->has("path")
-                && (!module.path.startsWith(libraryFolder) || name.trimmed().isEmpty()
-                    || name != name.trimmed()))
-                findings.error(module.xml->offsetOf("path"),
-                               "\"path\" is %1; expected \"%LIBRARY%/\" and a library's name",
-                               quoted(module.path));
-        }
+        return positionOf(document.xml.text, element.offset).line;
+    }
+
+    void checkUnique(QSet<QString> &seen, const XmlElement &element, const char *what,
+                     const QString &key)
+    {
+        const QString id = element.value("id");
+        if (!id.isEmpty() && seen.contains(key))
+            findings.error(element.offsetOf("id"), "%1 \"%2\" stands twice; expected once", what,
+                           id);
+        seen.insert(key);
     }
 
     // All users in the order of the document; a module that one of them misses is reported once.
@@ -84,128 +61,82 @@ private:
         for (const XmlElement &element : parent.children) {
             checkReferences(element);
             const XmlAttribute *reference = element.find("xlink:href");
-            if (!reference)
+            if (!reference || reported.contains(reference->value))
                 continue;
-            const QString id = reference->value.mid(1);
-            const auto module =
-                std::find_if(tools.modules.cbegin(), tools.modules.cend(),
-                             [&id](const ToolDocument::Module &m) { return m.id == id; });
             const bool isReference = reference->value.startsWith(QLatin1Char('#'));
-            if (isReference && reported.contains(id))
+            const XmlElement *module =
+                isReference ? tools.module(reference->value.mid(1)) : nullptr;
+            if (module && module->offset < element.offset)
                 continue;
-            if (!isReference || module == tools.modules.cend()) {
-                QStringList ids;
-                for (const ToolDocument::Module &one : qAsConst(tools.modules))
-                    ids += QLatin1Char('#') + one.id;
-                findings.error(reference->offset,
-                               "\"xlink:href\" is %1, which is no module; expected: %2",
-                               quoted(reference->value), listed(ids));
-            } else if (module->xml->offset > element.offset) {
+            if (isReference)
+                reported.insert(reference->value);
+            if (module) {
                 findings.error(
                     reference->offset,
-                    "module \"%1\" stands later, in line %2; expected before its first use", id,
-                    lineOf(document, *module->xml));
-            } else {
+                    "module \"%1\" stands later, in line %2; expected before its first use",
+                    module->value("id"), lineOf(*module));
                 continue;
             }
-            if (isReference)
-                reported.insert(id);
+            QStringList ids;
+            for (const XmlElement *one : tools.modules)
+                ids += QLatin1Char('#') + one->value("id");
+            findings.error(reference->offset,
+                           "\"xlink:href\" is \"%1\", which is no module; expected: %2",
+                           reference->value, listed(ids));
         }
     }
 
-    bool checkNumbers(const XmlElement &element)
+    // Null when no state meets the mask, or none is known.
+    const HostState *firstState(quint32 mode) const
     {
-        const int before = findings.list.size();
-        for (const auto &[attribute, least, most] : numberRules) {
-            const auto number = numberFromText(element.value(attribute));
-            if (element.has(attribute) && (!number || *number < least || *number > most))
-                findings.error(
-                    element.offsetOf(attribute), "\"%1\" is %2; expected a number in %3 to %4",
-                    QLatin1String(attribute), quoted(element.value(attribute)), least, most);
-        }
-        return findings.list.size() == before;
+        const auto found = std::find_if(states.begin(), states.end(), [mode](const HostState &s) {
+            return isAvailable(mode, s.code);
+        });
+        return found == states.end() ? nullptr : &*found;
     }
 
-    void checkStyle(const XmlElement &element)
+    // The element's mask within its box's.
+    void checkMode(const XmlElement &element, quint32 mode, quint32 boxMode)
     {
-        checkNumbers(element);
-        const QString complaint = styleSheetComplaint(element.value("button-style"));
-        if (!complaint.isEmpty())
-            findings.error(element.offsetOf("button-style"),
-                           "the style sheet does not work: %1; expected Qt's style sheet syntax",
-                           complaint);
-    }
-
-    // The element's mask within its box's. Whether a state meets it, as far as it is known.
-    bool checkMode(const XmlElement &element, quint32 boxMode)
-    {
-        if (!element.has("mode"))
-            return true;
-        const QString text = quoted(element.value("mode"));
         const int place = element.offsetOf("mode");
-        const auto own = maskFromText(element.value("mode"));
-        const quint32 mode = own.value_or(0) & boxMode;
-        if (!own) {
-            findings.error(place, "\"mode\" is %1; expected a number such as 17 or 0x11", text);
-            return false;
-        }
-        if (!states.isEmpty()
-            && std::none_of(states.begin(), states.end(),
-                            [mode](const HostState &s) { return isAvailable(mode, s.code); })) {
-            findings.error(place, "no state meets \"mode\" %1%2; expected all bits of one at least",
-                           text, boxMode == everyState ? "" : " in this box");
-            return false;
-        }
-        if (!states.isEmpty() && (*own & ~knownBits))
-            findings.warning(place, "\"mode\" %1 has bits of no state, 0x%2", text,
-                             QString::number(*own & ~knownBits, 16));
-        return true;
-    }
-
-    void checkUnique(QSet<QString> &seen, const XmlElement &element, const QString &what,
-                     const QString &id, const QString &key = QString())
-    {
-        const QString &name = key.isNull() ? id : key;
-        if (!id.isEmpty() && seen.contains(name))
-            findings.error(element.offsetOf("id"), "%1 %2 stands twice; expected once", what,
-                           quoted(id));
-        seen.insert(name);
+        if (!element.has("mode") || findings.isWrong(place) || states.isEmpty())
+            return;
+        quint32 unknownBits = mode;
+        for (const HostState &state : states)
+            unknownBits &= ~state.code;
+        if (!firstState(mode & boxMode))
+            findings.error(place,
+                           "no state meets \"mode\" \"%1\"%2; expected all bits of one at "
+                           "least",
+                           element.value("mode"), boxMode == everyState ? "" : " in this box");
+        else if (unknownBits)
+            findings.warning(place, "\"mode\" \"%1\" has bits of no state, 0x%2",
+                             element.value("mode"), QString::number(unknownBits, 16));
     }
 
     void checkBox(const ToolDocument::Box &box)
     {
+        checkMode(*box.xml, box.mode, everyState);
         // Items are not blamed for their box.
-        const quint32 boxMode = checkMode(*box.xml, everyState) ? box.mode : everyState;
+        const bool isBoxWrong = findings.isWrong(box.xml->offsetOf("mode"));
+        const char *content = box.xml->is("keypad") ? "keys" : "tools";
         if (box.items.isEmpty())
-            findings.warning(box.xml->offset, "<%1> holds nothing; expected tools", box.xml->name);
+            findings.warning(box.xml->offset, "<%1> holds nothing; expected %2", box.xml->name,
+                             content);
         QSet<QString> ids;
         QSet<QString> groups;
         QString previousGroup;
         for (const ToolDocument::Item &item : box.items) {
-            checkMode(*item.xml, boxMode);
-            if (!item.isSeparator) {
-                checkName(*item.xml, "id", findings);
-                checkUnique(ids, *item.xml, QStringLiteral("tool"), item.id,
+            checkMode(*item.xml, item.mode, isBoxWrong ? everyState : box.mode);
+            if (!item.isSeparator)
+                checkUnique(ids, *item.xml, item.xml->is("key") ? "key" : "tool",
                             item.module + QLatin1Char('#') + item.id);
-                checkName(*item.xml, "group", findings);
-                if (!item.group.isEmpty() && item.group != previousGroup
-                    && groups.contains(item.group))
-                    findings.error(item.xml->offsetOf("group"),
-                                   "tool %1 stands apart from its group %2; expected beside it",
-                                   quoted(item.id), quoted(item.group));
-            }
+            if (!item.group.isEmpty() && item.group != previousGroup && groups.contains(item.group))
+                findings.error(item.xml->offsetOf("group"),
+                               "tool \"%1\" stands apart from its group \"%2\"; expected beside it",
+                               item.id, item.group);
             groups.insert(item.group);
             previousGroup = item.group;
-        }
-    }
-
-    void checkBarIds()
-    {
-        QSet<QString> ids;
-        for (const ToolDocument::Box &bar : qAsConst(tools.toolBars)) {
-            checkName(*bar.xml, "id", findings);
-            checkName(*bar.xml, "title", findings);
-            checkUnique(ids, *bar.xml, QStringLiteral("tool bar"), bar.id);
         }
     }
 
@@ -214,54 +145,45 @@ private:
     {
         for (auto box = boxes.begin(); box != boxes.end(); ++box)
             for (auto other = boxes.begin(); other != box; ++other) {
-                const auto state = std::find_if(states.begin(), states.end(), [&](const auto &s) {
-                    return isAvailable(box->mode & other->mode, s.code);
-                });
-                if (state == states.end() || box->title != other->title)
+                const HostState *state = firstState(box->mode & other->mode);
+                if (!state || box->title != other->title)
                     continue;
-                findings.warning(
-                    box->xml->offset,
-                    "a second <%1>%2 in the state \"%3\"; the first is in line %4", box->xml->name,
-                    box->isToolBar ? QLatin1String(" titled ") + quoted(box->title) : QString(),
-                    state->name, lineOf(document, *other->xml));
+                const QString title = compose(" titled \"%1\"", box->title);
+                findings.warning(box->xml->offset,
+                                 "a second <%1>%2 in the state \"%3\"; the first is in line %4",
+                                 box->xml->name, box->xml->is("toolbar") ? title : QString(),
+                                 state->name, lineOf(*other->xml));
                 break;
             }
     }
 
-    void checkKeypad(const ToolDocument::Keypad &pad)
+    void checkCells(const ToolDocument::Box &pad)
     {
-        checkStyle(*pad.xml);
-        if (pad.keys.isEmpty())
-            findings.warning(pad.xml->offset, "<keypad> holds nothing; expected keys");
-        QSet<QString> ids;
-        QVector<std::pair<QString, QRect>> placed;
-        for (const ToolDocument::Key &key : pad.keys) {
-            checkName(*key.xml, "id", findings);
-            checkUnique(ids, *key.xml, QStringLiteral("key"), key.id,
-                        key.module + QLatin1Char('#') + key.id);
-            if (!checkNumbers(*key.xml) || !key.xml->has("row") || !key.xml->has("column")
-                || !key.xml->has("rowSpan") || !key.xml->has("columnSpan"))
+        QVector<ToolDocument::Item> placed;
+        for (const ToolDocument::Item &key : pad.items) {
+            const char *const numbers[] {"row", "column", "rowSpan", "columnSpan"};
+            if (!std::all_of(std::begin(numbers), std::end(numbers), [&](const char *number) {
+                    return key.xml->has(number) && !findings.isWrong(key.xml->offsetOf(number));
+                }))
                 continue;
-            const QRect cells(key.column, key.row, key.columnSpan, key.rowSpan);
-            if (!keypadGrid.contains(cells))
+            if (!keypadGrid.contains(key.cells))
                 findings.error(key.xml->offset,
-                               "key %1 leaves the grid; expected within %2 rows and %3 columns, "
-                               "counted from 0",
-                               quoted(key.id), keypadGrid.height(), keypadGrid.width());
-            for (const auto &[other, otherCells] : qAsConst(placed))
-                if (cells.intersects(otherCells))
+                               "key \"%1\" leaves the grid; expected within %2 rows and %3 "
+                               "columns, counted from 0",
+                               key.id, keypadGrid.height(), keypadGrid.width());
+            for (const ToolDocument::Item &other : qAsConst(placed))
+                if (key.cells.intersects(other.cells))
                     findings.error(key.xml->offset,
-                                   "key %1 lies on top of key %2; expected free cells",
-                                   quoted(key.id), quoted(other));
-            placed.append({key.id, cells});
+                                   "key \"%1\" lies on top of key \"%2\"; expected free cells",
+                                   key.id, other.id);
+            placed.append(key);
         }
     }
 
     const Document &document;
     const ToolDocument tools;
     const QVector<HostState> states;
-    quint32 knownBits = 0;
-    QSet<QString> reported; // modules that were missed
+    QSet<QString> reported; // references to modules that were missed
     Findings &findings;
 };
 

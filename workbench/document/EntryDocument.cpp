@@ -4,7 +4,7 @@ EntryDocument EntryDocument::read(const XmlDocument &xml)
 {
     EntryDocument document;
     for (const XmlElement &child : xml.root.children)
-        if (child.name == QLatin1String("entry"))
+        if (child.is("entry"))
             document.entries.append({child.value("name"), child.text, &child});
     return document;
 }

@@ -5,39 +5,31 @@
 /** A menu document: the menu bar as a tree of menus, and the actions. */
 struct MenuDocument
 {
-    /** A place in a menu: an action, a sub-menu or "separator" by its name. */
-    struct Item
+    /** An action, a group of actions, or an item of a menu, which names what is shown there. */
+    struct Object
     {
         QString name;
-        const XmlElement *xml;
+        const XmlElement *xml = nullptr;
 
         bool isSeparator() const { return name == QLatin1String("separator"); }
     };
 
     /** A menu, or the menu bar. */
-    struct Menu
+    struct Menu : Object
     {
-        QString name;
-        QString title;
         std::vector<Menu> subMenus; ///< In the order in which they are defined.
-        QVector<Item> items; ///< In the order in which they are shown.
-        const XmlElement *xml = nullptr;
+        QVector<Object> items; ///< In the order in which they are shown.
 
-        const Menu *subMenu(const QString &menuName) const;
-    };
-
-    struct Action
-    {
-        QString name;
-        const XmlElement *xml;
+        const Menu *subMenu(const QString &menuName) const { return findNamed(subMenus, menuName); }
     };
 
     Menu bar; ///< Without `xml` when the document has no menu bar.
-    QVector<Action> actions;
+    QVector<Object> actions; ///< Wherever they stand.
 
     static MenuDocument read(const XmlDocument &xml);
 
-    const Action *action(const QString &name) const;
+    /** The action of the name, or null; a group is none. */
+    const XmlElement *action(const QString &name) const;
 };
 
 /** The value element of the property of an action or menu; null when it is not set. */

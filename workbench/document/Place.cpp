@@ -1,5 +1,7 @@
 #include "document/Place.h"
 
+#include "document/Text.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -16,23 +18,26 @@ QStringList Place::builtInProducts()
     return QDir(QStringLiteral(":/widgets")).entryList(QDir::Dirs);
 }
 
-std::optional<Place> Place::find(const QString &name, QString *error)
+std::optional<Place> Place::find(const QString &name, Wanted wanted, QString *error)
 {
+    const auto refuse = [error](const QString &text) {
+        *error = text;
+        return std::nullopt;
+    };
     Place place;
     const QFileInfo info(name);
     if (name.isEmpty() || !info.exists()) {
         place.product = name.toLower();
         place.folder = QStringLiteral(":/widgets/") + place.product;
-        if (!builtInProducts().contains(place.product)) {
-            *error =
-                QStringLiteral("there is no \"%1\"; expected a product's folder, a document in "
-                               "one, or a product: %2")
-                    .arg(name, builtInProducts().join(QLatin1String(", ")));
-            return std::nullopt;
-        }
+        if (!builtInProducts().contains(place.product))
+            return refuse(compose("there is no \"%1\"; expected a product's folder, a document in "
+                                  "one, or a product: %2",
+                                  name, listed(builtInProducts())));
     } else if (info.isDir()) {
         place.folder = QDir::cleanPath(name);
         place.product = QDir(info.absoluteFilePath()).dirName().toLower();
+    } else if (wanted == Wanted::Product) {
+        return refuse(compose("\"%1\" is one document; expected a product's folder or id", name));
     } else {
         place.folder = info.path();
         place.product = info.absoluteDir().dirName().toLower();
@@ -40,17 +45,12 @@ std::optional<Place> Place::find(const QString &name, QString *error)
         return place;
     }
 
-    bool hasDocument = false;
-    for (const char *file : fileNames) {
+    for (const char *file : fileNames)
         place.files += place.folder + QLatin1Char('/') + QLatin1String(file);
-        hasDocument = hasDocument || QFile::exists(place.files.constLast());
-    }
-    if (!hasDocument) {
-        *error = QStringLiteral("\"%1\" holds no documents; expected confs.xml, tools.xml and "
-                                "menus.xml")
-                     .arg(name);
-        return std::nullopt;
-    }
+    if (std::none_of(place.files.cbegin(), place.files.cend(),
+                     qOverload<const QString &>(&QFile::exists)))
+        return refuse(compose(
+            "\"%1\" holds no documents; expected confs.xml, tools.xml and menus.xml", name));
     return place;
 }
 
@@ -60,7 +60,7 @@ std::optional<std::vector<Document>> Place::read(QString *error) const
     for (const QString &path : files) {
         QFile file(path);
         if (file.exists() && !file.open(QIODevice::ReadOnly)) {
-            *error = QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
+            *error = compose("cannot read %1: %2", path, file.errorString());
             return std::nullopt;
         }
         Document document {DocumentKind::Tools, path, file.isOpen(), {}};
@@ -77,7 +77,7 @@ DocumentKind documentKind(const QString &path, const XmlDocument &xml)
     for (DocumentKind kind : {DocumentKind::Entries, DocumentKind::Tools, DocumentKind::Menus})
         if (QFileInfo(path).fileName() == QLatin1String(fileNames[static_cast<int>(kind)]))
             return kind;
-    if (xml.root.name == QLatin1String("ui"))
+    if (xml.root.is("ui"))
         return DocumentKind::Menus;
     return xml.root.child("entry") ? DocumentKind::Entries : DocumentKind::Tools;
 }

@@ -24,11 +24,14 @@ struct Place
     QString folder; ///< With the three documents.
     QStringList files; ///< The paths of those that are meant.
 
+    enum class Wanted { Documents, Product };
+
     /**
-     * What a user means by @p name: a folder, a file or, where there is neither, a product's id in
-     * any letter case. Without a result, @p error says what there is.
+     * What a user means by @p name: a folder, a file (unless a whole product is wanted) or, where
+     * there is neither, a product's id in any letter case. Without a result, @p error says what is
+     * expected.
      */
-    static std::optional<Place> find(const QString &name, QString *error);
+    static std::optional<Place> find(const QString &name, Wanted wanted, QString *error);
 
     /** The ids of the products whose documents are built in. */
     static QStringList builtInProducts();

@@ -2,6 +2,8 @@
 
 #include "document/Xml.h"
 
+#include <QRect>
+
 #include <optional>
 
 /** The mask of an element without a "mode": available in every state. */
@@ -24,72 +26,45 @@ std::optional<quint32> maskFromText(const QString &text);
 std::optional<int> numberFromText(const QString &text);
 
 /**
- * A tool document, in document order. What cannot be read has the value that stands here; a
- * document in which nothing is wrong has no such thing.
+ * A tool document. What cannot be read has the value that stands here; a document in which nothing
+ * is wrong has no such thing.
  */
 struct ToolDocument
 {
-    struct Module
-    {
-        QString id;
-        QString path;
-        const XmlElement *xml;
-    };
-
-    /** A tool, or a separator. */
+    /** A tool, a separator, or a key of a keypad. */
     struct Item
     {
-        bool isSeparator = false;
+        const XmlElement *xml;
+        bool isSeparator;
         QString id;
         QString module; ///< The id of the module that provides it.
         QString group;
-        quint32 mode = everyState;
-        const XmlElement *xml = nullptr;
+        quint32 mode;
+        QRect cells; ///< Of a key, in the keypad's grid.
     };
 
-    /** A tool box or a tool bar. */
+    /** A tool box, a keypad, or a tool bar. */
     struct Box
     {
-        bool isToolBar = false;
+        const XmlElement *xml = nullptr;
         QString id; ///< As the next two, of a tool bar only.
         QString title;
         bool startsRow = false;
-        int columns = 1; ///< As the next three, of a tool box only.
+        int columns = 1; ///< Of a tool box only.
         int margin = 0;
         int spacing = 0;
         QString buttonStyle;
         quint32 mode = everyState;
         QVector<Item> items;
-        const XmlElement *xml = nullptr;
     };
 
-    struct Key
-    {
-        QString id;
-        QString module;
-        int row = 0;
-        int column = 0;
-        int rowSpan = 1;
-        int columnSpan = 1;
-        const XmlElement *xml = nullptr;
-    };
-
-    struct Keypad
-    {
-        int margin = 0;
-        int spacing = 0;
-        QString buttonStyle;
-        QVector<Key> keys;
-        const XmlElement *xml = nullptr;
-    };
-
-    QVector<Module> modules;
+    QVector<const XmlElement *> modules; ///< As all lists, in document order.
     QVector<Box> toolBoxes;
-    QVector<Keypad> keypads;
+    QVector<Box> keypads;
     QVector<Box> toolBars;
 
     static ToolDocument read(const XmlDocument &xml);
 
-    /** The path of the module's library; empty when there is no such module. */
-    QString libraryOf(const QString &module) const;
+    /** The first module of the id, or null. */
+    const XmlElement *module(const QString &id) const;
 };

@@ -1,34 +1,14 @@
 #include "document/Xml.h"
 
-#include <QRegularExpression>
-#include <QTextCodec>
-#include <QXmlStreamReader>
+#include "document/Text.h"
 
-#include <algorithm>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
 
 namespace {
 
 // Deeper than any real document; QDomDocument recurses and would overflow the stack.
-constexpr std::size_t maximumDepth = 100;
-
-// Where the first byte stands that is not UTF-8; -1 when there is none.
-int invalidByte(const QByteArray &content)
-{
-    const QTextCodec *codec = QTextCodec::codecForName("UTF-8");
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    codec->toUnicode(content.constData(), content.size(), &state);
-    if (state.invalidChars == 0 && state.remainingChars == 0)
-        return -1;
-
-    QTextCodec::ConverterState single(QTextCodec::IgnoreHeader);
-    int character = 0; // where the present one begins
-    for (int i = 0; i < content.size() && single.invalidChars == 0; ++i) {
-        if (single.remainingChars == 0)
-            character = i;
-        codec->toUnicode(content.constData() + i, 1, &single);
-    }
-    return character;
-}
+constexpr int maximumDepth = 100;
 
 int skipBlanks(const QString &text, int offset)
 {
@@ -82,92 +62,41 @@ StartTag scanStartTag(const QString &text, int tag)
     return result;
 }
 
-XmlElement startElement(const QXmlStreamReader &reader, const QString &text, int offset)
+class Reader
 {
-    XmlElement element;
-    element.name = reader.qualifiedName().toString();
-    element.offset = offset;
-    const StartTag tag = scanStartTag(text, offset);
-    const QXmlStreamAttributes attributes = reader.attributes();
-    for (int i = 0; i < attributes.size(); ++i)
-        element.attributes.append({attributes.at(i).qualifiedName().toString(),
-                                   attributes.at(i).value().toString(),
-                                   tag.attributes.value(i, offset)});
-    return element;
-}
-
-XmlError errorOf(const QXmlStreamReader &reader, const QString &text, int tokenOffset,
-                 const std::vector<XmlElement> &open)
-{
-    const int token = markupOffset(text, tokenOffset);
-    const int stop = static_cast<int>(reader.characterOffset());
-    XmlError error {std::max(stop - 1, 0), reader.errorString()};
-
-    const auto at = [&text](int i) { return i < text.size() ? text.at(i) : QChar(); };
-    bool isEnd = at(token) == QLatin1Char('<') && at(token + 1) == QLatin1Char('/');
-    const int ampersand = text.lastIndexOf(QLatin1Char('&'), stop - 1);
-    if (reader.error() == QXmlStreamReader::PrematureEndOfDocumentError) {
-        error = {text.size(), QStringLiteral("the document ends too early")};
-        isEnd = true;
-    } else if (isEnd) {
-        error.offset = token;
-    } else if (at(token) == QLatin1Char('<') && scanStartTag(text, token).fault >= 0) {
-        error.offset = scanStartTag(text, token).fault;
-    } else if (ampersand >= tokenOffset
-               && !text.midRef(ampersand, stop - 1 - ampersand).contains(QLatin1Char(';'))) {
-        error.offset = ampersand;
-    } else if (open.empty()) {
-        error.offset = token;
+public:
+    explicit Reader(XmlDocument &filled) : document(filled), text(filled.text), xml(filled.text)
+    {
+        xml.setNamespaceProcessing(false);
     }
-    if (error.text.endsWith(QLatin1Char('.')))
-        error.text.chop(1);
-    error.text.prepend(QLatin1String("not well-formed: "));
-    if (!open.empty()) {
-        const Position opened = positionOf(text, open.back().offset);
-        error.text +=
-            QStringLiteral("; <%1> is open, since line %2, column %3%4")
-                .arg(open.back().name)
-                .arg(opened.line)
-                .arg(opened.column)
-                .arg(isEnd ? QStringLiteral("; expected </%1>").arg(open.back().name) : QString());
-    }
-    return error;
-}
 
-// The elements; false at an error, which is set.
-bool readElements(XmlDocument &document)
-{
-    QXmlStreamReader reader(document.text);
-    reader.setNamespaceProcessing(false);
-    std::vector<XmlElement> open;
-    while (!reader.atEnd()) {
-        const int before = static_cast<int>(reader.characterOffset());
-        switch (reader.readNext()) {
+    void read()
+    {
+        while (!xml.atEnd() && document.error.text.isEmpty()) {
+            before = static_cast<int>(xml.characterOffset());
+            readToken(xml.readNext());
+        }
+    }
+
+private:
+    void readToken(QXmlStreamReader::TokenType token)
+    {
+        switch (token) {
         case QXmlStreamReader::StartDocument:
-            document.version = reader.documentVersion().toString();
-            document.encoding = reader.documentEncoding().toString();
+            document.version = xml.documentVersion().toString();
+            document.encoding = xml.documentEncoding().toString();
             break;
         case QXmlStreamReader::DTD:
-            document.documentType = reader.text().toString().trimmed();
-            document.documentTypeOffset = markupOffset(document.text, before);
-            if (document.documentType.contains(QLatin1Char('['))) {
-                document.error = {document.documentTypeOffset,
-                                  QStringLiteral("a document type with an internal subset; "
-                                                 "expected none")};
-                return false;
-            }
+            document.documentType = xml.text().toString().trimmed();
+            document.documentTypeOffset = markupOffset(text, before);
+            if (document.documentType.contains(QLatin1Char('[')))
+                document.error = {
+                    document.documentTypeOffset,
+                    compose("a document type with an internal subset; expected none")};
             break;
-        case QXmlStreamReader::StartElement: {
-            const int offset = markupOffset(document.text, before);
-            if (open.size() == maximumDepth) {
-                document.error = {offset,
-                                  QStringLiteral("nested deeper than %1 elements; expected less")
-                                      .arg(maximumDepth)};
-                return false;
-            }
-            open.push_back(startElement(reader, document.text, offset));
+        case QXmlStreamReader::StartElement:
+            startElement(markupOffset(text, before));
             break;
-        }
         case QXmlStreamReader::EndElement: {
             XmlElement done = std::move(open.back());
             open.pop_back();
@@ -178,33 +107,93 @@ bool readElements(XmlDocument &document)
             break;
         }
         case QXmlStreamReader::Characters:
-            if (!open.empty() && (reader.isCDATA() || !reader.isWhitespace())) {
-                XmlElement &element = open.back();
-                if (element.textOffset < 0)
-                    element.textOffset = reader.isCDATA() ? markupOffset(document.text, before)
-                                                          : skipBlanks(document.text, before);
-                element.text += reader.text();
-            }
+            if (!open.empty() && (xml.isCDATA() || !xml.isWhitespace()))
+                addText(open.back());
             break;
         case QXmlStreamReader::Invalid:
-            document.error = errorOf(reader, document.text, before, open);
-            return false;
+            setError();
+            break;
         default:
             break;
         }
     }
-    return true;
-}
+
+    void startElement(int offset)
+    {
+        if (open.size() == maximumDepth) {
+            document.error = {
+                offset, compose("nested deeper than %1 elements; expected less", maximumDepth)};
+            return;
+        }
+        XmlElement element;
+        element.name = xml.qualifiedName().toString();
+        element.offset = offset;
+        const StartTag tag = scanStartTag(text, offset);
+        const QXmlStreamAttributes attributes = xml.attributes();
+        for (int i = 0; i < attributes.size(); ++i)
+            element.attributes.append({attributes.at(i).qualifiedName().toString(),
+                                       attributes.at(i).value().toString(),
+                                       tag.attributes.value(i, offset)});
+        open.push_back(std::move(element));
+    }
+
+    void addText(XmlElement &element)
+    {
+        if (element.textOffset < 0)
+            element.textOffset =
+                xml.isCDATA() ? markupOffset(text, before) : skipBlanks(text, before);
+        element.text += xml.text();
+    }
+
+    // Where what is wrong begins, as far as that can be told from where the reader stopped.
+    int errorOffset(int token, bool isEndTag) const
+    {
+        const int stop = static_cast<int>(xml.characterOffset());
+        const int fault = scanStartTag(text, token).fault;
+        const int ampersand = text.lastIndexOf(QLatin1Char('&'), stop - 1);
+        if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError)
+            return text.size();
+        if (isEndTag)
+            return token;
+        if (fault >= 0)
+            return fault;
+        if (ampersand >= before
+            && !text.midRef(ampersand, stop - 1 - ampersand).contains(QLatin1Char(';')))
+            return ampersand;
+        return open.empty() ? token : std::max(stop - 1, 0);
+    }
+
+    void setError()
+    {
+        const bool isCut = xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
+        const int token = markupOffset(text, before);
+        const bool isEndTag = text.midRef(token).startsWith(QLatin1String("</"));
+        QString what = isCut ? compose("the document ends too early") : xml.errorString();
+        if (what.endsWith(QLatin1Char('.')))
+            what.chop(1);
+        what = compose("not well-formed: %1", what);
+        if (!open.empty()) {
+            const Position opened = positionOf(text, open.back().offset);
+            what += compose("; <%1> is open, since line %2, column %3", open.back().name,
+                            opened.line, opened.column);
+            if (isCut || isEndTag)
+                what += compose("; expected </%1>", open.back().name);
+        }
+        document.error = {errorOffset(token, isEndTag), what};
+    }
+
+    XmlDocument &document;
+    const QString &text;
+    QXmlStreamReader xml;
+    std::vector<XmlElement> open;
+    int before = 0; // where the present token begins, or the one before ended
+};
 
 } // namespace
 
 const XmlAttribute *XmlElement::find(const char *attribute) const
 {
-    const auto found =
-        std::find_if(attributes.begin(), attributes.end(), [attribute](const XmlAttribute &a) {
-            return a.name == QLatin1String(attribute);
-        });
-    return found == attributes.end() ? nullptr : &*found;
+    return findNamed(attributes, QLatin1String(attribute));
 }
 
 QString XmlElement::value(const char *attribute) const
@@ -221,34 +210,31 @@ int XmlElement::offsetOf(const char *attribute) const
 
 const XmlElement *XmlElement::child(const char *childName) const
 {
-    const auto found =
-        std::find_if(children.begin(), children.end(), [childName](const XmlElement &c) {
-            return c.name == QLatin1String(childName);
-        });
-    return found == children.end() ? nullptr : &*found;
-}
-
-QString XmlElement::childText(const char *childName) const
-{
-    const XmlElement *found = child(childName);
-    return found ? found->text : QString();
+    return findNamed(children, QLatin1String(childName));
 }
 
 XmlDocument XmlDocument::fromBytes(const QByteArray &content)
 {
+    const char *const byteOrderMark = "\xef\xbb\xbf";
+    const QByteArray bytes = content.mid(content.startsWith(byteOrderMark) ? 3 : 0);
     XmlDocument document;
-    document.text = QString::fromUtf8(content.constData(), content.size());
-    if (const int invalid = invalidByte(content); invalid >= 0) {
-        const auto byte = static_cast<uchar>(content.at(invalid));
-        document.error = {QString::fromUtf8(content.left(invalid)).size(),
-                          QStringLiteral("the byte 0x%1 is not UTF-8; expected UTF-8")
-                              .arg(byte, 2, 16, QLatin1Char('0'))};
-    } else if (const int zero = document.text.indexOf(QChar(0)); zero >= 0) {
-        document.error = {
-            zero, QStringLiteral("a zero byte, behind which a host reads nothing; expected text")};
-    } else {
-        readElements(document);
-    }
+    document.text = QString::fromUtf8(bytes.constData(), bytes.size());
+    // Qt has put another character in the place of the first byte that is not UTF-8.
+    const QByteArray read = document.text.toUtf8();
+    int valid = 0;
+    while (valid < bytes.size() && valid < read.size() && bytes.at(valid) == read.at(valid))
+        ++valid;
+    while (valid < bytes.size() && valid > 0 && (read.at(valid) & 0xc0) == 0x80)
+        --valid; // to that character's own first byte
+    if (valid < bytes.size())
+        document.error = {QString::fromUtf8(bytes.left(valid)).size(),
+                          compose("the byte 0x%1 is not UTF-8; expected UTF-8",
+                                  QString::number(static_cast<uchar>(bytes.at(valid)), 16))};
+    else if (const int zero = document.text.indexOf(QChar(0)); zero >= 0)
+        document.error = {zero,
+                          compose("a zero byte, behind which a host reads nothing; expected text")};
+    else
+        Reader(document).read();
     return document;
 }
 

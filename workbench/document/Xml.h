@@ -4,7 +4,17 @@
 #include <QString>
 #include <QVector>
 
+#include <algorithm>
 #include <vector>
+
+/** The first of a list that has the name, or null. */
+template <typename List, typename Name>
+const typename List::value_type *findNamed(const List &list, const Name &name)
+{
+    const auto found = std::find_if(list.begin(), list.end(),
+                                    [&name](const auto &one) { return one.name == name; });
+    return found == list.end() ? nullptr : &*found;
+}
 
 /** An attribute, and where its name begins. */
 struct XmlAttribute
@@ -24,8 +34,9 @@ struct XmlElement
     QString text; ///< Its own; pieces of nothing but white space are left out, as Qt leaves them.
     int textOffset = -1; ///< Of the text's first character that is no blank; -1 without a text.
 
-    const XmlAttribute *find(const char *attribute) const;
+    bool is(const char *elementName) const { return name == QLatin1String(elementName); }
     bool has(const char *attribute) const { return find(attribute); }
+    const XmlAttribute *find(const char *attribute) const;
     /** The attribute's value; empty when there is none. */
     QString value(const char *attribute) const;
     /** Where the attribute begins; the element itself when it has none of the name. */
@@ -34,8 +45,6 @@ struct XmlElement
     int offsetOfText() const { return textOffset < 0 ? offset : textOffset; }
     /** The first child element of the name, or null. */
     const XmlElement *child(const char *childName) const;
-    /** The text of that child; empty when there is none. */
-    QString childText(const char *childName) const;
 };
 
 /** Something that keeps a document from being read, and where it begins. */

@@ -2,12 +2,9 @@
 
 #include "document/EntryDocument.h"
 #include "document/MenuDocument.h"
-#include "document/ToolDocument.h"
 
-#include <QMap>
+#include <QHash>
 #include <QSet>
-
-#include <algorithm>
 
 namespace {
 
@@ -29,7 +26,7 @@ QString inQuotes(QString text)
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
-QString aligned(Rows rows)
+QString aligned(const char *heading, Rows rows)
 {
     QVector<int> widths;
     for (Row &row : rows) {
@@ -40,7 +37,7 @@ QString aligned(Rows rows)
         for (int i = 0; i + 1 < row.cells.size(); ++i) // nothing stands behind the last
             widths[i] = std::max(widths.at(i), row.cells.at(i).size());
     }
-    QString text;
+    QString text = QLatin1String(heading) + QLatin1String("\n\n");
     for (const Row &row : qAsConst(rows)) {
         for (int i = 0; i + 1 < row.cells.size(); ++i)
             text += row.cells.at(i).leftJustified(widths.at(i)) + QLatin1String("  ");
@@ -49,105 +46,109 @@ QString aligned(Rows rows)
     return text;
 }
 
-Rows rowsOf(const EntryDocument &document)
+QString outlineOf(const EntryDocument &document)
 {
     Rows rows;
     for (const EntryDocument::Entry &entry : document.entries)
         rows.append({0, {entry.name, inQuotes(entry.value)}});
-    return rows;
+    return aligned("Entries", rows);
 }
 
-// An attribute as the document spells it; empty where it is absent.
-QString said(const XmlElement *element, const char *attribute)
+// What follows the name of an element of a tool document.
+const char *attributesOf(const XmlElement &element)
 {
-    return element->has(attribute)
-               ? QLatin1String(attribute) + QLatin1Char(' ') + element->value(attribute)
-               : QString();
+    static const QHash<QString, const char *> attributes {
+        {QStringLiteral("module"), "path"},
+        {QStringLiteral("toolbox"), "columns mode margin spacing"},
+        {QStringLiteral("keypad"), "margin spacing"},
+        {QStringLiteral("toolbar"), "title mode break"},
+        {QStringLiteral("tool"), "xlink:href mode group"},
+        {QStringLiteral("key"), "xlink:href row column rowSpan columnSpan"},
+        {QStringLiteral("separator"), "type mode"},
+    };
+    return attributes.value(element.name);
 }
 
-Rows rowsOf(const ToolDocument::Box &box)
+// Attributes as the document spells them.
+QStringList cellsOf(const XmlElement &element, const char *attributes)
+{
+    QStringList cells {(element.name + QLatin1Char(' ') + element.value("id")).trimmed()};
+    const auto names = QString::fromLatin1(attributes).split(QLatin1Char(' '));
+    for (const QString &name : names) {
+        const XmlAttribute *attribute = findNamed(element.attributes, name);
+        if (!attribute)
+            cells += QString();
+        else if (name == QLatin1String("title"))
+            cells += inQuotes(attribute->value);
+        else if (name == QLatin1String("path") || name == QLatin1String("xlink:href"))
+            cells += attribute->value.mid(name.contains(QLatin1Char(':')) ? 1 : 0);
+        else
+            cells += name + QLatin1Char(' ') + attribute->value;
+    }
+    return cells;
+}
+
+Rows toolRows(const XmlElement &parent, int depth)
 {
     Rows rows;
-    if (box.isToolBar)
-        rows.append({0,
-                     {QStringLiteral("toolbar ") + box.id, inQuotes(box.title),
-                      said(box.xml, "mode"), said(box.xml, "break")}});
-    else
-        rows = {{0,
-                 {QStringLiteral("toolbox"), said(box.xml, "columns"), said(box.xml, "mode"),
-                  said(box.xml, "margin"), said(box.xml, "spacing")}},
-                {1, {said(box.xml, "button-style")}}};
-    for (const ToolDocument::Item &item : box.items)
-        rows.append(
-            {1,
-             {item.isSeparator ? QStringLiteral("separator") : QStringLiteral("tool ") + item.id,
-              item.isSeparator ? said(item.xml, "type") : item.module, said(item.xml, "mode"),
-              said(item.xml, "group")}});
-    return rows;
-}
-
-Rows rowsOf(const ToolDocument::Keypad &pad)
-{
-    Rows rows {{0, {QStringLiteral("keypad"), said(pad.xml, "margin"), said(pad.xml, "spacing")}},
-               {1, {said(pad.xml, "button-style")}}};
-    for (const ToolDocument::Key &key : pad.keys)
-        rows.append(
-            {1,
-             {QStringLiteral("key ") + key.id, key.module, said(key.xml, "row"),
-              said(key.xml, "column"), said(key.xml, "rowSpan"), said(key.xml, "columnSpan")}});
-    return rows;
-}
-
-Rows rowsOf(const ToolDocument &document)
-{
-    QMap<int, Rows> parts; // by their places
-    for (const ToolDocument::Module &module : document.modules)
-        parts[module.xml->offset] = {{0, {QStringLiteral("module ") + module.id, module.path}}};
-    for (const ToolDocument::Box &box : document.toolBoxes + document.toolBars)
-        parts[box.xml->offset] = rowsOf(box);
-    for (const ToolDocument::Keypad &pad : document.keypads)
-        parts[pad.xml->offset] = rowsOf(pad);
-    Rows rows;
-    for (const Rows &part : qAsConst(parts))
-        rows += part;
+    for (const XmlElement &element : parent.children) {
+        rows.append({depth, cellsOf(element, attributesOf(element))});
+        if (element.has("button-style"))
+            rows.append({1, {QLatin1String("button-style ") + element.value("button-style")}});
+        rows += toolRows(element, depth + 1);
+    }
     return rows;
 }
 
 // The cells of an action or a menu: name, text, shortcut, and whatever else is set.
-QStringList cellsOf(const XmlElement &object, const QString &name, const char *label)
+QStringList menuCells(const XmlElement &object, const char *label)
 {
     QStringList rest;
     for (const XmlElement &property : object.children) {
         const QString what = property.value("name");
-        if (property.name != QLatin1String("property") || what == QLatin1String(label)
+        if (!property.is("property") || what == QLatin1String(label)
             || what == QLatin1String("shortcut"))
             continue;
         const XmlElement &value = property.children.front();
-        if (value.name == QLatin1String("iconset"))
-            rest += what + QLatin1Char(' ') + inQuotes(value.childText("normaloff"));
+        const XmlElement *path = value.child("normaloff");
+        if (value.is("iconset"))
+            rest += what + QLatin1Char(' ') + inQuotes(path ? path->text : QString());
         else if (value.text == QLatin1String("true"))
             rest += what;
         else
             rest += what + QLatin1Char(' ') + value.text;
     }
-    return {name, inQuotes(propertyText(object, label)), propertyText(object, "shortcut"),
-            rest.join(QLatin1String(", "))};
+    return {object.value("name"), inQuotes(propertyText(object, label)),
+            propertyText(object, "shortcut"), rest.join(QLatin1String(", "))};
 }
 
-void addMenu(const MenuDocument &document, const MenuDocument::Menu &menu, int depth, Rows &rows,
-             QSet<QString> &placed)
+Rows rowsOf(const MenuDocument &document, const MenuDocument::Menu &menu, int depth,
+            QSet<QString> &placed)
 {
-    for (const MenuDocument::Item &item : menu.items) {
+    Rows rows;
+    for (const MenuDocument::Object &item : menu.items) {
+        placed.insert(item.name);
         if (item.isSeparator()) {
             rows.append({depth, {QStringLiteral("--------")}});
         } else if (const MenuDocument::Menu *subMenu = menu.subMenu(item.name)) {
-            rows.append({depth, cellsOf(*subMenu->xml, item.name, "title")});
-            addMenu(document, *subMenu, depth + 1, rows, placed);
+            rows.append({depth, menuCells(*subMenu->xml, "title")});
+            rows += rowsOf(document, *subMenu, depth + 1, placed);
         } else {
-            rows.append({depth, cellsOf(*document.action(item.name)->xml, item.name, "text")});
-            placed.insert(item.name);
+            rows.append({depth, menuCells(*document.action(item.name), "text")});
         }
     }
+    return rows;
+}
+
+QString outlineOf(const MenuDocument &document)
+{
+    QSet<QString> placed;
+    const QString menus = aligned("\nMenus", rowsOf(document, document.bar, 0, placed));
+    Rows rows;
+    for (const MenuDocument::Object &action : document.actions)
+        if (!placed.contains(action.name))
+            rows.append({0, menuCells(*action.xml, "text")});
+    return menus + aligned("\nActions in no menu", rows);
 }
 
 } // namespace
@@ -156,24 +157,12 @@ QString outlineOf(const std::vector<Document> &documents)
 {
     QString text;
     for (const Document &document : documents) {
-        if (document.kind == DocumentKind::Entries) {
-            text +=
-                QLatin1String("Entries\n\n") + aligned(rowsOf(EntryDocument::read(document.xml)));
-        } else if (document.kind == DocumentKind::Tools) {
-            text +=
-                QLatin1String("\nTools\n\n") + aligned(rowsOf(ToolDocument::read(document.xml)));
-        } else {
-            const MenuDocument menus = MenuDocument::read(document.xml);
-            Rows rows;
-            QSet<QString> placed;
-            addMenu(menus, menus.bar, 0, rows, placed);
-            text += QLatin1String("\nMenus\n\n") + aligned(rows);
-            rows.clear();
-            for (const MenuDocument::Action &action : menus.actions)
-                if (!placed.contains(action.name))
-                    rows.append({0, cellsOf(*action.xml, action.name, "text")});
-            text += QLatin1String("\nActions in no menu\n\n") + aligned(rows);
-        }
+        if (document.kind == DocumentKind::Entries)
+            text += outlineOf(EntryDocument::read(document.xml));
+        else if (document.kind == DocumentKind::Tools)
+            text += aligned("\nTools", toolRows(document.xml.root, 0));
+        else
+            text += outlineOf(MenuDocument::read(document.xml));
     }
     return text;
 }

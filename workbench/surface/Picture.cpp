@@ -7,36 +7,37 @@
 
 namespace {
 
-// The menu whose sub-menu @p menu is; null for a menu of the menu bar.
-QMenu *parentOf(const QMenu *menu)
+struct Part
 {
-    return qobject_cast<QMenu *>(menu->parentWidget());
-}
+    QPoint place;
+    QPixmap pixmap;
+};
 
-// Where the open menu belongs in the picture. A small screen may keep the real one from there.
-QPoint placeOf(const QMenu *menu, const QMainWindow &window)
+// Opens a menu, and the menus on the way to it. Where they belong in the picture: a small screen
+// may keep the real ones from there.
+QVector<Part> open(QMenu *menu, const QMainWindow &window)
 {
     QAction *action = menu->menuAction();
-    if (const QMenu *parent = parentOf(menu))
-        return placeOf(parent, window) + parent->actionGeometry(action).topRight();
-    const QMenuBar *menuBar = window.menuBar();
-    return menuBar->mapTo(&window, menuBar->actionGeometry(action).bottomLeft());
-}
-
-void open(const QMenu *menu, const QMainWindow &window)
-{
-    if (QMenu *parent = parentOf(menu)) {
-        open(parent, window);
-        parent->setActiveAction(menu->menuAction());
+    auto *parent = qobject_cast<QMenu *>(menu->parentWidget());
+    QVector<Part> parts;
+    QPoint place;
+    if (parent) {
+        parts = open(parent, window);
+        parent->setActiveAction(action);
+        place = parts.constLast().place + parent->actionGeometry(action).topRight();
     } else {
-        window.menuBar()->setActiveAction(menu->menuAction());
+        window.menuBar()->setActiveAction(action);
+        place =
+            window.menuBar()->mapTo(&window, window.menuBar()->actionGeometry(action).bottomLeft());
     }
     QCoreApplication::processEvents();
+    parts.append({place, menu->grab()});
+    return parts;
 }
 
 } // namespace
 
-QImage pictureOf(QMainWindow &window, const QMenu *menu)
+QImage pictureOf(QMainWindow &window, QMenu *menu)
 {
     window.show();
     QCoreApplication::processEvents();
@@ -44,20 +45,15 @@ QImage pictureOf(QMainWindow &window, const QMenu *menu)
     if (QWidget *focused = window.focusWidget())
         focused->clearFocus();
     QCoreApplication::processEvents();
-    if (menu)
-        open(menu, window);
-
-    QVector<std::pair<QPoint, QPixmap>> openMenus;
+    const QVector<Part> menus = menu ? open(menu, window) : QVector<Part>();
     QRect area = window.rect();
-    for (const QMenu *one = menu; one; one = parentOf(one)) {
-        openMenus.prepend({placeOf(one, window), const_cast<QMenu *>(one)->grab()});
-        area |= QRect(openMenus.constFirst().first, openMenus.constFirst().second.size());
-    }
+    for (const Part &part : menus)
+        area |= QRect(part.place, part.pixmap.size());
     QImage image(area.size(), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.drawPixmap(-area.topLeft(), window.grab());
-    for (const auto &[place, pixmap] : qAsConst(openMenus))
-        painter.drawPixmap(place - area.topLeft(), pixmap);
+    for (const Part &part : menus)
+        painter.drawPixmap(part.place - area.topLeft(), part.pixmap);
     return image;
 }

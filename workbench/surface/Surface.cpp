@@ -1,5 +1,6 @@
 #include "surface/Surface.h"
 
+#include "document/Text.h"
 #include "surface/ToolBoxGrid.h"
 
 #include <QAction>
@@ -40,14 +41,8 @@ Surface::Surface(const Document &tools, const Document &menus)
     setMenuBar(menuBar);
 
     const ToolDocument document = ToolDocument::read(tools.xml);
-    for (const ToolDocument::Box &box : document.toolBoxes) {
-        grids.append(new ToolBoxGrid(box, document));
-        addPanel(QStringLiteral("Tools"), QStringLiteral("toolbox %1").arg(grids.size()),
-                 grids.constLast(), box.mode, false);
-    }
-    for (const ToolDocument::Keypad &keypad : document.keypads)
-        addPanel(QStringLiteral("Keypad"), QStringLiteral("keypad"), newKeypad(keypad, document),
-                 everyState, true);
+    for (const ToolDocument::Box &box : document.toolBoxes + document.keypads)
+        addDock(box, document);
     for (const ToolDocument::Box &bar : document.toolBars)
         addBar(bar, document);
 
@@ -61,14 +56,16 @@ Surface::Surface(const Document &tools, const Document &menus)
     setCentralWidget(drawing);
 }
 
-void Surface::addPanel(const QString &title, const QString &name, QWidget *content, quint32 mode,
-                       bool isKeypad)
+void Surface::addDock(const ToolDocument::Box &box, const ToolDocument &document)
 {
-    auto *dock = new QDockWidget(title, this);
-    dock->setObjectName(name);
-    dock->setWidget(new GridArea(content));
+    const bool isKeypad = box.xml->is("keypad");
+    auto *dock =
+        new QDockWidget(isKeypad ? QStringLiteral("Keypad") : QStringLiteral("Tools"), this);
+    dock->setObjectName(isKeypad ? QStringLiteral("keypad")
+                                 : compose("toolbox %1", panels.size() + 1));
+    dock->setWidget(new GridArea(new ToolBoxGrid(box, document)));
     addDockWidget(isKeypad ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea, dock);
-    panels.append({dock, mode, false, isKeypad});
+    panels.append({dock, dock->toggleViewAction(), box.mode, true, isKeypad});
 }
 
 void Surface::addBar(const ToolDocument::Box &bar, const ToolDocument &document)
@@ -77,26 +74,21 @@ void Surface::addBar(const ToolDocument::Box &bar, const ToolDocument &document)
         addToolBarBreak();
     QToolBar *toolBar = addToolBar(bar.title);
     toolBar->setObjectName(bar.id);
-    auto *buttons = new QButtonGroup(toolBar);
+    auto *buttons = new QButtonGroup(toolBar); // of which one is checked
     for (const ToolDocument::Item &item : bar.items) {
-        QAction *action = nullptr;
-        if (item.isSeparator) {
-            action = toolBar->addSeparator();
-        } else {
-            auto *button = new ToolButton(item.id, item.group, document.libraryOf(item.module));
-            button->setCheckable(true);
+        auto *button = item.isSeparator ? nullptr : new ToolButton(item, document);
+        if (button)
             buttons->addButton(button);
-            action = toolBar->addWidget(button);
-        }
-        barItems.append({action, bar.mode & item.mode});
+        QAction *action = button ? toolBar->addWidget(button) : toolBar->addSeparator();
+        action->setData(bar.mode & item.mode);
     }
-    panels.append({toolBar, bar.mode, true, false});
+    panels.append({toolBar, toolBar->toggleViewAction(), bar.mode, false, true});
 }
 
 bool Surface::isDue(const Panel &panel) const
 {
     return isAvailable(panel.mode, code)
-           && (panel.isKeypad || panel.isToolBar == (shown == Presentation::ToolBars));
+           && (shown == Presentation::ToolBoxes ? panel.isInBoxes : panel.isInBars);
 }
 
 void Surface::showState(const HostState &state, Presentation presentation)
@@ -104,32 +96,28 @@ void Surface::showState(const HostState &state, Presentation presentation)
     closed = closedPanels();
     code = state.code;
     shown = presentation;
-    for (ToolBoxGrid *grid : qAsConst(grids))
-        grid->showAvailable(code);
-    for (const BarItem &item : qAsConst(barItems))
-        item.action->setVisible(isAvailable(item.mode, code));
     for (const Panel &panel : qAsConst(panels)) {
+        if (auto *dock = qobject_cast<QDockWidget *>(panel.widget))
+            static_cast<ToolBoxGrid *>(static_cast<GridArea *>(dock->widget())->widget())
+                ->showAvailable(code);
+        else
+            for (QAction *action : panel.widget->actions())
+                action->setVisible(isAvailable(action->data().toUInt(), code));
         panel.widget->setVisible(isDue(panel) && !closed.contains(panel.widget->objectName()));
-        // The menu from which users open and close panels.
-        const auto *dock = qobject_cast<QDockWidget *>(panel.widget);
-        QAction *toggle = dock ? dock->toggleViewAction()
-                               : static_cast<QToolBar *>(panel.widget)->toggleViewAction();
-        toggle->setVisible(isDue(panel));
+        panel.toggle->setVisible(isDue(panel));
     }
     static_cast<QLabel *>(centralWidget())->setText(state.name);
 }
 
 QSet<QString> Surface::closedPanels()
 {
-    if (isVisible())
-        for (const Panel &panel : qAsConst(panels)) {
-            if (!isDue(panel))
-                continue;
-            if (panel.widget->isHidden())
-                closed.insert(panel.widget->objectName());
-            else
-                closed.remove(panel.widget->objectName());
-        }
+    for (const Panel &panel : qAsConst(panels)) {
+        if (!isVisible() || !isDue(panel))
+            continue;
+        closed.remove(panel.widget->objectName());
+        if (panel.widget->isHidden())
+            closed.insert(panel.widget->objectName());
+    }
     return closed;
 }
 

@@ -7,9 +7,7 @@
 #include <QMainWindow>
 #include <QSet>
 
-class QMenu;
 class QMenuBar;
-class ToolBoxGrid;
 
 /** The two presentations of the tools, of which a host has one at a time. The keypad is in both. */
 enum class Presentation { ToolBoxes, ToolBars };
@@ -41,28 +39,21 @@ public:
     void setClosedPanels(const QSet<QString> &names);
 
 private:
+    // A dock or a tool bar.
     struct Panel
     {
         QWidget *widget;
+        QAction *toggle; // with which users open and close it
         quint32 mode;
-        bool isToolBar;
-        bool isKeypad;
+        bool isInBoxes; // in which of the presentations it is
+        bool isInBars;
     };
 
-    struct BarItem
-    {
-        QAction *action;
-        quint32 mode;
-    };
-
-    void addPanel(const QString &title, const QString &name, QWidget *content, quint32 mode,
-                  bool isKeypad);
+    void addDock(const ToolDocument::Box &box, const ToolDocument &document);
     void addBar(const ToolDocument::Box &bar, const ToolDocument &document);
     bool isDue(const Panel &panel) const;
 
     QVector<Panel> panels;
-    QVector<ToolBoxGrid *> grids;
-    QVector<BarItem> barItems;
     QSet<QString> closed;
     quint32 code = everyState;
     Presentation shown = Presentation::ToolBoxes;

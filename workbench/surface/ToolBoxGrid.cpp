@@ -1,27 +1,21 @@
 #include "surface/ToolBoxGrid.h"
 
+#include "document/Text.h"
+
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QPainter>
-#include <QScrollBar>
 
-namespace {
-
-// The texts in a grid line up when all buttons are as wide as their column.
-void fillCell(QWidget *button)
+ToolButton::ToolButton(const ToolDocument::Item &tool, const ToolDocument &document)
 {
-    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-}
-
-} // namespace
-
-ToolButton::ToolButton(const QString &id, const QString &group, const QString &library)
-{
-    setText(id);
-    setObjectName(id);
-    setToolTip(QStringLiteral("%1\ngroup: %2\nlibrary: %3")
-                   .arg(id, group.isEmpty() ? QStringLiteral("none") : group, library));
+    const XmlElement *module = document.module(tool.module);
+    setText(tool.id);
+    setObjectName(tool.id);
+    setToolTip(compose("%1\ngroup: %2\nlibrary: %3", tool.id,
+                       tool.group.isEmpty() ? QStringLiteral("none") : tool.group,
+                       module->value("path")));
     setFocusPolicy(Qt::TabFocus);
+    setCheckable(!tool.xml->is("key"));
 }
 
 void ToolButton::paintEvent(QPaintEvent *event)
@@ -48,21 +42,21 @@ QSize GridArea::sizeHint() const
 }
 
 ToolBoxGrid::ToolBoxGrid(const ToolDocument::Box &toolBox, const ToolDocument &document)
-    : box(toolBox)
+    : box(toolBox), hasKeys(toolBox.xml->is("keypad"))
 {
-    auto *buttons = new QButtonGroup(this);
-    for (const ToolDocument::Item &item : qAsConst(box.items)) {
+    auto *buttons = new QButtonGroup(this); // of which one is checked
+    for (const ToolDocument::Item &item : box.items) {
         if (item.isSeparator) {
             auto *line = new QFrame(this);
             line->setFrameStyle(int(QFrame::HLine) | int(QFrame::Sunken));
             widgets.append(line);
             continue;
         }
-        auto *button = new ToolButton(item.id, item.group, document.libraryOf(item.module));
+        auto *button = new ToolButton(item, document);
         button->setParent(this);
-        button->setCheckable(true);
         button->setStyleSheet(box.buttonStyle);
-        fillCell(button);
+        // The texts line up when all buttons are as wide as their column.
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         buttons->addButton(button);
         widgets.append(button);
     }
@@ -74,46 +68,26 @@ void ToolBoxGrid::showAvailable(quint32 state)
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(box.margin, box.margin, box.margin, box.margin);
     grid->setSpacing(box.spacing);
-    int row = 0;
-    int column = 0;
+    QRect next(0, 0, 1, 1); // the cell for the next tool
     for (int i = 0; i < widgets.size(); ++i) {
         const ToolDocument::Item &item = box.items.at(i);
-        QWidget *widget = widgets.at(i);
         const bool isShown = isAvailable(box.mode & item.mode, state);
-        widget->setVisible(isShown);
+        widgets.at(i)->setVisible(isShown);
         if (!isShown)
             continue;
-        if (column == box.columns || (item.isSeparator && column > 0)) {
-            ++row;
-            column = 0;
-        }
+        if (next.x() == box.columns || (item.isSeparator && next.x() > 0))
+            next.moveTo(0, next.y() + 1);
+        QRect cells = hasKeys ? item.cells : next;
         if (item.isSeparator)
-            grid->addWidget(widget, row++, 0, 1, box.columns);
-        else
-            grid->addWidget(widget, row, column++);
+            cells.setWidth(box.columns);
+        grid->addWidget(widgets.at(i), cells.y(), cells.x(), cells.height(), cells.width());
+        if (!hasKeys)
+            next.translate(cells.width(), 0);
     }
-    for (int i = 0; i < box.columns; ++i)
-        grid->setColumnStretch(i, 1);
-    grid->setRowStretch(row + 1, 1);
-    updateGeometry();
-}
-
-QWidget *newKeypad(const ToolDocument::Keypad &keypad, const ToolDocument &document)
-{
-    auto *pad = new QWidget;
-    auto *grid = new QGridLayout(pad);
-    grid->setContentsMargins(keypad.margin, keypad.margin, keypad.margin, keypad.margin);
-    grid->setSpacing(keypad.spacing);
-    for (const ToolDocument::Key &key : keypad.keys) {
-        auto *button = new ToolButton(key.id, QString(), document.libraryOf(key.module));
-        button->setStyleSheet(keypad.buttonStyle);
-        fillCell(button);
-        grid->addWidget(button, key.row, key.column, key.rowSpan, key.columnSpan);
-    }
-    for (int row = 0; row < grid->rowCount(); ++row)
-        grid->setRowMinimumHeight(row, 2 * pad->fontMetrics().height());
-    for (int column = 0; column < grid->columnCount(); ++column)
+    for (int row = 0; hasKeys && row < grid->rowCount(); ++row)
+        grid->setRowMinimumHeight(row, 2 * fontMetrics().height());
+    for (int column = 0; column < std::max(box.columns, grid->columnCount()); ++column)
         grid->setColumnStretch(column, 1);
     grid->setRowStretch(grid->rowCount(), 1);
-    return pad;
+    updateGeometry();
 }

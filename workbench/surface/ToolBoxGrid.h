@@ -9,14 +9,13 @@
 class ToolButton : public QToolButton
 {
 public:
-    ToolButton(const QString &id, const QString &group, const QString &library);
+    ToolButton(const ToolDocument::Item &tool, const ToolDocument &document);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 };
 
-/** A view of a grid of buttons: as large as they are where there is room, and scrolled elsewhere.
- */
+/** A view of a widget: as large as that is where there is room, and scrolled elsewhere. */
 class GridArea : public QScrollArea
 {
 public:
@@ -24,7 +23,10 @@ public:
     QSize sizeHint() const override;
 };
 
-/** The buttons and lines of a tool box, in document order and without gaps for what is hidden. */
+/**
+ * The buttons of a tool box, in document order and without gaps for what is hidden, or of a keypad,
+ * each in its cells.
+ */
 class ToolBoxGrid : public QWidget
 {
 public:
@@ -34,9 +36,7 @@ public:
     void showAvailable(quint32 state);
 
 private:
-    ToolDocument::Box box;
+    const ToolDocument::Box box;
+    const bool hasKeys;
     QVector<QWidget *> widgets; // one for each item
 };
-
-/** The keys of a keypad, each in its cells. */
-QWidget *newKeypad(const ToolDocument::Keypad &keypad, const ToolDocument &document);

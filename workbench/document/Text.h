@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QStringList>
+
+/** A value for a text: on one line, whatever it holds. */
+QString escaped(const QString &value);
+
+/** The same in quotation marks. */
+QString quoted(const QString &value);
+
+/** Names for a text, separated by commas; "none" without any. */
+QString listed(const QStringList &names);
+
+/** A value in a text, escaped. */
+struct TextValue
+{
+    explicit TextValue(const QString &value) : text(escaped(value)) { }
+    explicit TextValue(const char *value) : text(QString::fromUtf8(value)) { }
+    explicit TextValue(int value) : text(QString::number(value)) { }
+
+    QString text;
+};
+
+/** A text for people: @p pattern, with the values where %1 and so on stand. */
+template <typename... Values>
+QString compose(const char *pattern, const Values &...values)
+{
+    if constexpr (sizeof...(values) > 0)
+        return QString::fromUtf8(pattern).arg(TextValue(values).text...);
+    else
+        return QString::fromUtf8(pattern);
+}

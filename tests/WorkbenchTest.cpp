@@ -41,7 +41,8 @@ private Q_SLOTS:
             "check partial", 1,
             "partial/menus.xml:1:1: error: there is no such document; a product needs all "
             "three\nDocuments: 3, errors: 1, warnings: 0\n",
-            "");
+            "partial: the product \"partial\" is unknown, so its states and entries are not "
+            "checked; there are: lorvan, tesmar");
         commandLineRow("checks", 2, "", "there are: check, preview, screenshot, outline");
         commandLineRow("check none", 2, "", "or a product: lorvan, tesmar");
         commandLineRow("check empty", 2, "", "holds no documents; expected confs.xml");

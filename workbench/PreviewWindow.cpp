@@ -16,7 +16,6 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <chrono>
 
 using namespace std::chrono_literals;
@@ -31,38 +30,33 @@ constexpr auto settlingTime = 60ms;
 PreviewWindow::PreviewWindow(const Place &shownPlace)
     : place(shownPlace), states(statesToShow(shownPlace.product))
 {
-    setWindowTitle(
-        QStringLiteral("%1 - Quenda workbench")
-            .arg(place.isBuiltIn() ? place.product : QDir::toNativeSeparators(place.folder)));
-    findingsPane = new QTextBrowser;
-    findingsPane->setOpenLinks(false);
-    findingsPane->setTextInteractionFlags(Qt::TextBrowserInteraction
-                                          | Qt::TextSelectableByKeyboard);
-    connect(findingsPane, &QTextBrowser::anchorClicked, this,
-            [](const QUrl &url) { QDesktopServices::openUrl(url); });
+    setWindowTitle(compose("%1 - Quenda workbench", place.isBuiltIn()
+                                                        ? place.product
+                                                        : QDir::toNativeSeparators(place.folder)));
+    auto *controls = new QHBoxLayout;
+    QStringList stateNames;
+    for (const HostState &state : states)
+        stateNames += state.label();
+    stateSelector =
+        addSelector(controls, QStringLiteral("state"), QStringLiteral("&State:"), stateNames);
+    presentationSelector =
+        addSelector(controls, QStringLiteral("presentation"), QStringLiteral("Sh&ow:"),
+                    {QStringLiteral("Tool boxes"), QStringLiteral("Tool bars")});
+    controls->addStretch();
 
-    auto *surfaceHolder = new QWidget;
-    layers = new QStackedLayout(surfaceHolder);
-    layers->setStackingMode(QStackedLayout::StackAll);
-    veil = new QWidget;
-    veil->setObjectName(QStringLiteral("veil"));
-    veil->setAttribute(Qt::WA_StyledBackground);
-    veil->setAttribute(Qt::WA_TransparentForMouseEvents);
-    veil->setStyleSheet(QStringLiteral("#veil { background: rgba(239, 239, 239, 180) }"));
-    layers->addWidget(veil);
     auto *splitter = new QSplitter(Qt::Vertical);
-    splitter->addWidget(surfaceHolder);
-    splitter->addWidget(findingsPane);
+    splitter->addWidget(newSurfaceHolder());
+    splitter->addWidget(newFindingsPane());
     splitter->setStretchFactor(0, 1);
     splitter->setChildrenCollapsible(false);
     auto *layout = new QVBoxLayout(this);
-    addControls(layout);
+    layout->addLayout(controls);
     layout->addWidget(splitter, 1);
-
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-    resize(QSize(1200, 800).boundedTo(screen * 0.9));
+    resize(QSize(1200, 800).boundedTo(QGuiApplication::primaryScreen()->availableSize() * 0.9));
     splitter->setSizes({height() * 4 / 5, height() / 5});
 
+    new QShortcut(Qt::Key_F5, this, [this] { reload(); });
+    new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });
     settling.setSingleShot(true);
     settling.setInterval(settlingTime);
     connect(&settling, &QTimer::timeout, this, &PreviewWindow::reload);
@@ -72,35 +66,44 @@ PreviewWindow::PreviewWindow(const Place &shownPlace)
     reload();
 }
 
-void PreviewWindow::addControls(QVBoxLayout *layout)
+QComboBox *PreviewWindow::addSelector(QHBoxLayout *controls, const QString &name,
+                                      const QString &text, const QStringList &items)
 {
-    stateSelector = new QComboBox;
-    for (const HostState &state : states)
-        stateSelector->addItem(state.label());
-    presentationSelector = new QComboBox;
-    presentationSelector->addItems({QStringLiteral("Tool boxes"), QStringLiteral("Tool bars")});
-    for (QComboBox *selector : {stateSelector, presentationSelector})
-        connect(selector, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-                &PreviewWindow::showState);
-    stateSelector->setObjectName(QStringLiteral("state"));
-    presentationSelector->setObjectName(QStringLiteral("presentation"));
+    auto *selector = new QComboBox;
+    selector->setObjectName(name);
+    selector->addItems(items);
+    connect(selector, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &PreviewWindow::showState);
+    auto *label = new QLabel(text);
+    label->setBuddy(selector);
+    controls->addWidget(label);
+    controls->addWidget(selector);
+    return selector;
+}
 
-    auto *controls = new QHBoxLayout;
-    for (const auto &[text, selector] :
-         {std::pair(QStringLiteral("&State:"), stateSelector),
-          std::pair(QStringLiteral("Sh&ow:"), presentationSelector)}) {
-        auto *label = new QLabel(text);
-        label->setBuddy(selector);
-        controls->addWidget(label);
-        controls->addWidget(selector);
-    }
-    controls->addStretch();
-    layout->addLayout(controls);
+QWidget *PreviewWindow::newSurfaceHolder()
+{
+    auto *holder = new QWidget;
+    layers = new QStackedLayout(holder);
+    layers->setStackingMode(QStackedLayout::StackAll);
+    veil = new QWidget;
+    veil->setObjectName(QStringLiteral("veil"));
+    veil->setAttribute(Qt::WA_StyledBackground);
+    veil->setAttribute(Qt::WA_TransparentForMouseEvents);
+    veil->setStyleSheet(QStringLiteral("#veil { background: rgba(239, 239, 239, 180) }"));
+    layers->addWidget(veil);
+    return holder;
+}
 
-    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this,
-            &PreviewWindow::reload);
-    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
-            &QWidget::close);
+QWidget *PreviewWindow::newFindingsPane()
+{
+    findingsPane = new QTextBrowser;
+    findingsPane->setOpenLinks(false);
+    findingsPane->setTextInteractionFlags(Qt::TextBrowserInteraction
+                                          | Qt::TextSelectableByKeyboard);
+    connect(findingsPane, &QTextBrowser::anchorClicked, this,
+            [](const QUrl &url) { QDesktopServices::openUrl(url); });
+    return findingsPane;
 }
 
 // A file that was replaced by renaming another over it is a new one, and has to be watched anew.
@@ -145,8 +148,7 @@ void PreviewWindow::showState()
 {
     if (surface)
         surface->showState(states.at(stateSelector->currentIndex()),
-                           presentationSelector->currentIndex() == 0 ? Presentation::ToolBoxes
-                                                                     : Presentation::ToolBars);
+                           static_cast<Presentation>(presentationSelector->currentIndex()));
 }
 
 void PreviewWindow::showFindings(QVector<Finding> findings)
@@ -155,8 +157,7 @@ void PreviewWindow::showFindings(QVector<Finding> findings)
     findingsPane->setPlaceholderText(
         isWrong || findings.isEmpty()
             ? QString()
-            : QStringLiteral("No errors. Warnings, which \"check\" lists: %1")
-                  .arg(findings.size()));
+            : compose("No errors. Warnings, which \"check\" lists: %1", findings.size()));
     findingsPane->setFocusPolicy(isWrong ? Qt::StrongFocus : Qt::NoFocus);
     // While nothing is wrong, warnings would only distract from the surface.
     if (!isWrong)
@@ -167,13 +168,10 @@ void PreviewWindow::showFindings(QVector<Finding> findings)
     for (const Finding &finding : qAsConst(findings)) {
         const QFileInfo file(finding.path);
         const QString link = QUrl::fromLocalFile(file.absoluteFilePath()).toString();
-        const QString where = QStringLiteral("%1:%2:%3")
-                                  .arg(file.fileName())
-                                  .arg(finding.position.line)
-                                  .arg(finding.position.column);
-        html += QStringLiteral("<div><a href=\"%1\">%2</a>: %3</div>")
-                    .arg(link.toHtmlEscaped(), where.toHtmlEscaped(),
-                         finding.message().toHtmlEscaped());
+        const QString where =
+            compose("%1:%2:%3", file.fileName(), finding.position.line, finding.position.column);
+        html += compose("<div><a href=\"%1\">%2</a>: %3</div>", link.toHtmlEscaped(),
+                        where.toHtmlEscaped(), finding.message().toHtmlEscaped());
     }
     findingsPane->setHtml(html);
 }

@@ -8,9 +8,9 @@
 #include <QWidget>
 
 class QComboBox;
+class QHBoxLayout;
 class QStackedLayout;
 class QTextBrowser;
-class QVBoxLayout;
 class Surface;
 struct Finding;
 
@@ -31,7 +31,10 @@ public:
     void reload();
 
 private:
-    void addControls(QVBoxLayout *layout);
+    QComboBox *addSelector(QHBoxLayout *controls, const QString &name, const QString &text,
+                           const QStringList &items);
+    QWidget *newSurfaceHolder();
+    QWidget *newFindingsPane();
     void watch();
     void showState();
     void showFindings(QVector<Finding> findings);

@@ -55,7 +55,8 @@ Status screenshotCommand(const QStringList &placeAndFile, const QCommandLinePars
     QStringList stateNames;
     for (const HostState &one : states) {
         stateNames += one.label();
-        if (stateName == one.name || maskFromText(stateName) == one.code)
+        if (stateName.compare(one.name, Qt::CaseInsensitive) == 0
+            || maskFromText(stateName) == one.code)
             stateName = one.label();
     }
     const int state = stateName.isEmpty() ? 0 : choose("state", stateName, stateNames);

@@ -37,15 +37,16 @@ constexpr Command commands[] {
 };
 
 constexpr const char *statuses =
-    "\nExit status: 0 nothing wrong, 1 errors found, 2 it could not be done.\n";
+    "\nExit status: 0 nothing wrong, 1 errors found, 2 it could not be done.";
 
 QtMessageHandler defaultMessageHandler = nullptr;
 
-// Drops what Qt has to say about a missing desktop, which is not needed.
+// Drops what Qt has to say about a missing desktop, which is not needed, and the host's images.
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (!text.startsWith(QLatin1String("This plugin does not support"))
-        && !text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR")))
+        && !text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"))
+        && !text.startsWith(QLatin1String("Could not create pixmap from")))
         defaultMessageHandler(type, context, text);
 }
 
@@ -62,7 +63,7 @@ QString usage()
            + QLatin1String("\nA PLACE is a product's folder, one document in it (for check), or a "
                            "product's id for the\ndocuments built in. \"quenda-workbench COMMAND "
                            "--help\" explains a command.\n")
-           + QLatin1String(statuses);
+           + QLatin1String(statuses) + QLatin1Char('\n');
 }
 
 Status run(const Command &command, const QStringList &arguments)
@@ -75,8 +76,8 @@ Status run(const Command &command, const QStringList &arguments)
         compose("A product's folder, or a product's id for the documents built in: %1.",
                 listed(Place::builtInProducts())),
         QLatin1String(command.syntax));
-    parser.setApplicationDescription(QLatin1String(command.description)
-                                     + QLatin1Char('\n') + QLatin1String(statuses).trimmed());
+    parser.setApplicationDescription(QLatin1String(command.description) + QLatin1Char('\n')
+                                     + QLatin1String(statuses));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Explain the command."));
     parser.addOption(help);

@@ -23,7 +23,8 @@ void checkAgreement(const XmlElement &element, const QDomElement &dom, Findings 
     for (const XmlAttribute &attribute : element.attributes) {
         QString other = dom.attribute(attribute.name);
         if (attribute.name == QLatin1String("button-style")) // where white space is of no account
-            other.replace(QRegularExpression(QStringLiteral("[\\t\\n\\r]")), QStringLiteral(" "));
+            other.replace(QRegularExpression(QStringLiteral("\\r\\n|[\\t\\n\\r]")),
+                          QStringLiteral(" "));
         compare(attribute.offset, attribute.value, other);
     }
     if (element.children.empty())

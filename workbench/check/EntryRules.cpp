@@ -95,13 +95,16 @@ void checkEntries(const Document &document, const QString &product, Findings &fi
     for (const KnownEntry &known : knownEntries())
         if (known.products.contains(product) && !findNamed(entries, known.name))
             missing += known.name;
+    for (const XmlElement &child : document.xml.root.children)
+        if (findings.isWrong(child.offset))
+            missing.clear(); // this is likely to be the one
     QSet<QString> seen;
     for (const EntryDocument::Entry &entry : entries) {
         const int place = entry.xml->offsetOf("name");
         if (seen.contains(entry.name))
             findings.error(place, "entry \"%1\" stands twice; expected once", entry.name);
         if (entry.name.isEmpty() || findings.isWrong(place)) {
-            missing.clear(); // this is likely to be the one
+            missing.clear();
             continue;
         }
         seen.insert(entry.name);

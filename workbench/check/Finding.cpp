@@ -44,7 +44,8 @@ QString meantName(const QString &name, const QStringList &names)
     for (const QString &candidate : names) {
         const bool isNear = candidate.compare(name, Qt::CaseInsensitive) == 0
                             || candidate.endsWith(QLatin1Char(':') + name); // the prefix left out
-        const int d = isNear ? 0 : distance(name, candidate);
+        const bool isFar = std::abs(name.size() - candidate.size()) >= least;
+        const int d = isNear ? 0 : isFar ? least : distance(name, candidate);
         if (d < least) {
             best = candidate;
             least = d;

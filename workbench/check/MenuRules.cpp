@@ -91,7 +91,7 @@ private:
                 findings.error(property.offset, "property \"%1\" stands twice; expected once",
                                name);
             seen.insert(name);
-            if (property.children.size() > 1)
+            if (property.children.size() > 1 && !findings.isWrong(property.children.at(1).offset))
                 findings.error(property.children.at(1).offset,
                                "a second value in property \"%1\"; expected one", name);
             checkProperty(property, name, owner);
@@ -108,17 +108,22 @@ private:
         const QString expected = index < 1 ? QString() : valueElement(meta);
         if (expected.isEmpty())
             return findings.error(property.offsetOf("name"),
-                                  "unknown property \"%1\" of %2; expected: %3%4", name, owner.name,
-                                  listed(names), suggestion(meantName(name, names)));
+                                  index < 1 ? "unknown property \"%1\" of %2; expected: %3%4"
+                                            : "property \"%1\" of %2 is beyond the format; "
+                                              "expected: %3%4",
+                                  name, owner.name, listed(names),
+                                  suggestion(meantName(name, names)));
         if (!names.contains(name))
             findings.warning(
                 property.offset,
                 "property \"%1\": QUiLoader reads it, but hosts promise the format only", name);
+        if (findings.isWrong(property.offsetOfText()))
+            return;
         if (property.children.empty())
             return findings.error(property.offset, "property \"%1\" holds nothing; expected <%2>",
                                   name, expected);
         const XmlElement &value = property.children.front();
-        if (value.name != expected)
+        if (value.name != expected && !findings.isWrong(value.offset))
             findings.error(value.offset, "property \"%1\" holds <%2>; expected <%3>", name,
                            value.name, expected);
         else if (meta.isEnumType())
@@ -156,11 +161,23 @@ private:
                            value.text, file->text);
     }
 
+    // Whether what is missed may be there, but is wrong.
+    bool hasWrongPart(const XmlElement &object) const
+    {
+        return std::any_of(
+            object.children.begin(), object.children.end(), [this](const XmlElement &part) {
+                return findings.isWrong(part.offset) || findings.isWrong(part.offsetOf("name"))
+                       || findings.isWrong(part.offsetOfText());
+            });
+    }
+
     // What users read: an action's text or a menu's title.
     void checkLabel(const MenuDocument::Object &object, const char *property)
     {
         const XmlElement *value = propertyOf(*object.xml, property);
         const QString text = propertyText(*object.xml, property);
+        if (text.isEmpty() && hasWrongPart(*object.xml))
+            return;
         if (text.isEmpty())
             return findings.error(value ? value->offset : object.xml->offset,
                                   "\"%1\" has no %2; expected a \"%2\"", object.name, property);
@@ -186,6 +203,8 @@ private:
     {
         const XmlElement &xml = *action.xml;
         const bool isAction = xml.is("action");
+        if (findings.isWrong(xml.offset)) // in another place than it can be
+            return;
         checkObjectName(action);
         checkProperties(xml, isAction ? actionOwner : groupOwner);
         if (!isAction)
@@ -227,7 +246,10 @@ private:
             const XmlElement *action = menus.action(item.name);
             if (!subMenu && !action) {
                 hasUnknown = true;
-                reportUnknown(item, menu);
+                if (!hasBadName
+                    && !unknown.contains(item.name)) // or it names what is without its name
+                    reportUnknown(item, menu);
+                unknown.insert(item.name);
                 continue;
             }
             if (placed.contains(item.name))
@@ -261,17 +283,16 @@ private:
             names += subMenu.name;
         for (const MenuDocument::Object &action : menus.actions)
             names += action.name;
-        const QString meant = meantName(item.name, names);
-        if (!hasBadName || !meant.isEmpty()) // or it names what is without its name
-            findings.error(item.xml->offsetOf("name"),
-                           "\"%1\" names nothing; expected an action, a sub-menu of \"%2\" or "
-                           "separator%3",
-                           item.name, menu.name, suggestion(meant));
+        findings.error(
+            item.xml->offsetOf("name"),
+            "\"%1\" names nothing; expected an action, a sub-menu of \"%2\" or separator%3",
+            item.name, menu.name, suggestion(meantName(item.name, names)));
     }
 
     const MenuDocument menus;
     Findings &findings;
     QSet<QString> objectNames;
+    QSet<QString> unknown; // names of items that name nothing
     bool hasBadName = false;
 };
 

@@ -91,7 +91,7 @@ QStringList words(const char *text)
 
 bool isName(const QString &value)
 {
-    return !value.isEmpty() && value == value.trimmed();
+    return !value.isEmpty() && value == escaped(value.trimmed());
 }
 
 // What is expected where a value stands; empty when the value is that.
@@ -103,11 +103,14 @@ QString valueError(const QString &expected, const QString &value)
     QString text;
     if (expected == QLatin1String("NAME")) {
         isRight = isName(value);
-        text = QStringLiteral("a name without white space at its ends");
+        text = value.isEmpty() ? QStringLiteral("a name")
+                               : QStringLiteral("a name on one line, without blanks at its ends");
     } else if (expected == QLatin1String("LIBRARY")) {
         const QString folder = QStringLiteral("%LIBRARY%/");
-        isRight = value.startsWith(folder) && isName(value.mid(folder.size()));
-        text = quoted(folder) + QLatin1String(" and a library's name");
+        const QString name = value.mid(folder.size());
+        isRight = value.startsWith(folder) && isName(name) && !name.contains(QLatin1Char('/'))
+                  && !name.contains(QLatin1Char('.'));
+        text = quoted(folder) + QLatin1String(" and a library's base name");
     } else if (expected == QLatin1String("MASK")) {
         isRight = maskFromText(value).has_value();
         text = QStringLiteral("a number such as 17 or 0x11");
@@ -147,6 +150,12 @@ public:
     }
 
 private:
+    struct Placed
+    {
+        const ElementRule *rule;
+        const XmlElement *element;
+    };
+
     // The rules of what may stand in a parent.
     QVector<const ElementRule *> rulesIn(const char *parentIs) const
     {
@@ -176,7 +185,7 @@ private:
 
     void checkChildren(const XmlElement &element, const QVector<const ElementRule *> &rules)
     {
-        const ElementRule *last = nullptr;
+        QVector<Placed> placed;
         QStringList seen;
         for (const XmlElement &child : element.children) {
             const auto found = std::find_if(rules.begin(), rules.end(), [&child](const auto *rule) {
@@ -191,18 +200,38 @@ private:
                 findings.error(child.offset, "a second <%1> in <%2>; expected one", child.name,
                                element.name);
             seen += child.name;
-            if (!(rule.flags & Beyond)) {
-                if (isOrdered && last && &rule < last)
-                    findings.warning(child.offset, "<%1> behind <%2>; the format has it in front",
-                                     child.name, last->names);
-                last = std::max(last, &rule);
-            }
+            if (!(rule.flags & Beyond))
+                placed.append({&rule, &child});
             check(child, rule);
         }
+        if (isOrdered)
+            checkOrder(placed);
         for (const ElementRule *rule : rules)
             if ((rule->flags & Needed) && !seen.contains(QLatin1String(rule->names)))
                 findings.error(element.offset, "<%1> lacks <%2>; expected one", element.name,
                                rule->names);
+    }
+
+    // Of two that are the wrong way round, the one is blamed that does not fit what is before them.
+    void checkOrder(QVector<Placed> placed)
+    {
+        for (int i = 1; i < placed.size();) {
+            const Placed before = placed.at(i - 1);
+            const Placed after = placed.at(i);
+            if (before.rule <= after.rule) {
+                ++i;
+            } else if (i < 2 || placed.at(i - 2).rule <= after.rule) {
+                findings.warning(before.element->offset,
+                                 "<%1> in front of <%2>; the format has it behind",
+                                 before.element->name, after.element->name);
+                placed.remove(i - 1);
+            } else {
+                findings.warning(after.element->offset,
+                                 "<%1> behind <%2>; the format has it in front",
+                                 after.element->name, before.element->name);
+                placed.remove(i);
+            }
+        }
     }
 
     void reportUnknown(const XmlElement &child, const XmlElement &parent,
@@ -253,8 +282,12 @@ private:
         for (const XmlAttribute &attribute : element.attributes) {
             if (known.contains(attribute.name))
                 continue;
-            const QString meant = meantName(attribute.name, wanted);
-            missing.removeAll(meant); // one slip, one finding
+            // One slip, one finding.
+            const bool isInstead = missing.size() == 1;
+            const QString missed =
+                isInstead ? missing.takeFirst() : meantName(attribute.name, missing);
+            missing.removeAll(missed);
+            const QString meant = isInstead ? missed : meantName(attribute.name, wanted);
             findings.error(attribute.offset, "unknown attribute \"%1\" of <%2>; expected: %3%4",
                            attribute.name, element.name, listed(wanted), suggestion(meant));
         }

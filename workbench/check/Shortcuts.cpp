@@ -75,7 +75,7 @@ void checkShortcuts(const MenuDocument &menus, Findings &findings)
     }
     for (const MenuDocument::Object &action : menus.actions) {
         const XmlElement *value = propertyOf(*action.xml, "shortcut");
-        if (!value)
+        if (!value || findings.isWrong(action.xml->offsetOf("name")))
             continue;
         const Shortcut shortcut {QKeySequence::fromString(value->text, QKeySequence::PortableText),
                                  quoted(action.name)};

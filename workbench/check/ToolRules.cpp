@@ -70,6 +70,8 @@ private:
                 continue;
             if (isReference)
                 reported.insert(reference->value);
+            if (isReference && !module && hasWrongModule())
+                continue;
             if (module) {
                 findings.error(
                     reference->offset,
@@ -80,10 +82,21 @@ private:
             QStringList ids;
             for (const XmlElement *one : tools.modules)
                 ids += QLatin1Char('#') + one->value("id");
-            findings.error(reference->offset,
-                           "\"xlink:href\" is \"%1\", which is no module; expected: %2",
-                           reference->value, listed(ids));
+            findings.error(
+                reference->offset, "\"xlink:href\" is \"%1\", which is no module; expected: %2",
+                reference->value, ids.isEmpty() ? QStringLiteral("a <module>") : listed(ids));
         }
+    }
+
+    // Whether a module that is missed may be there, but is wrong.
+    bool hasWrongModule() const
+    {
+        const auto &parts = document.xml.root.children;
+        return std::any_of(parts.begin(), parts.end(), [this](const XmlElement &part) {
+            return findings.isWrong(part.offset)
+                   || (part.is("module")
+                       && (!part.has("id") || findings.isWrong(part.offsetOf("id"))));
+        });
     }
 
     // Null when no state meets the mask, or none is known.
@@ -118,7 +131,7 @@ private:
     {
         checkMode(*box.xml, box.mode, everyState);
         // Items are not blamed for their box.
-        const bool isBoxWrong = findings.isWrong(box.xml->offsetOf("mode"));
+        quint32 boxMode = findings.isWrong(box.xml->offsetOf("mode")) ? everyState : box.mode;
         const char *content = box.xml->is("keypad") ? "keys" : "tools";
         if (box.items.isEmpty())
             findings.warning(box.xml->offset, "<%1> holds nothing; expected %2", box.xml->name,
@@ -127,7 +140,9 @@ private:
         QSet<QString> groups;
         QString previousGroup;
         for (const ToolDocument::Item &item : box.items) {
-            checkMode(*item.xml, item.mode, isBoxWrong ? everyState : box.mode);
+            checkMode(*item.xml, item.mode, boxMode);
+            if (findings.isWrong(item.xml->offsetOf("mode")))
+                boxMode = everyState; // the others may have the same cause
             if (!item.isSeparator)
                 checkUnique(ids, *item.xml, item.xml->is("key") ? "key" : "tool",
                             item.module + QLatin1Char('#') + item.id);
@@ -146,7 +161,8 @@ private:
         for (auto box = boxes.begin(); box != boxes.end(); ++box)
             for (auto other = boxes.begin(); other != box; ++other) {
                 const HostState *state = firstState(box->mode & other->mode);
-                if (!state || box->title != other->title)
+                if (!state || box->title != other->title
+                    || findings.isWrong(box->xml->offsetOf("id")))
                     continue;
                 const QString title = compose(" titled \"%1\"", box->title);
                 findings.warning(box->xml->offset,
@@ -166,13 +182,15 @@ private:
                     return key.xml->has(number) && !findings.isWrong(key.xml->offsetOf(number));
                 }))
                 continue;
+            if (findings.isWrong(key.xml->offsetOf("id")))
+                continue;
             if (!keypadGrid.contains(key.cells))
                 findings.error(key.xml->offset,
                                "key \"%1\" leaves the grid; expected within %2 rows and %3 "
                                "columns, counted from 0",
                                key.id, keypadGrid.height(), keypadGrid.width());
             for (const ToolDocument::Item &other : qAsConst(placed))
-                if (key.cells.intersects(other.cells))
+                if (key.cells.intersects(other.cells) && !findings.isWrong(key.xml->offset))
                     findings.error(key.xml->offset,
                                    "key \"%1\" lies on top of key \"%2\"; expected free cells",
                                    key.id, other.id);

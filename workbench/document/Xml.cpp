@@ -41,7 +41,8 @@ StartTag scanStartTag(const QString &text, int tag)
     static const QRegularExpression end(QStringLiteral("[ \\t\\r\\n]*/?>"));
     const auto matchAt = [&text](const QRegularExpression &pattern, int offset) {
         return pattern.match(text, offset, QRegularExpression::NormalMatch,
-                             QRegularExpression::AnchoredMatchOption);
+                             QRegularExpression::AnchoredMatchOption
+                                 | QRegularExpression::DontCheckSubjectStringMatchOption);
     };
 
     StartTag result;
@@ -149,7 +150,10 @@ private:
     int errorOffset(int token, bool isEndTag) const
     {
         const int stop = static_cast<int>(xml.characterOffset());
-        const int fault = scanStartTag(text, token).fault;
+        const int fault = text.midRef(token + 1, 1).compare(QLatin1String("A")) < 0
+                              ? -1
+                              : scanStartTag(text, token).fault;
+        const int bracket = text.lastIndexOf(QLatin1Char('<'), stop - 1);
         const int ampersand = text.lastIndexOf(QLatin1Char('&'), stop - 1);
         if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError)
             return text.size();
@@ -160,7 +164,11 @@ private:
         if (ampersand >= before
             && !text.midRef(ampersand, stop - 1 - ampersand).contains(QLatin1Char(';')))
             return ampersand;
-        return open.empty() ? token : std::max(stop - 1, 0);
+        if (open.empty())
+            return text.leftRef(token).contains(QLatin1Char('<')) ? token : skipBlanks(text, 0);
+        if (stop - bracket <= 2)
+            return bracket;
+        return stop - (text.leftRef(stop).endsWith(QLatin1String("]]>")) ? 3 : 1);
     }
 
     void setError()

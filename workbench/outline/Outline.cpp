@@ -2,6 +2,7 @@
 
 #include "document/EntryDocument.h"
 #include "document/MenuDocument.h"
+#include "document/Text.h"
 
 #include <QHash>
 #include <QSet>
@@ -20,9 +21,7 @@ using Rows = QVector<Row>;
 QString inQuotes(QString text)
 {
     text.replace(QLatin1Char('\\'), QLatin1String("\\\\"))
-        .replace(QLatin1Char('"'), QLatin1String("\\\""))
-        .replace(QLatin1Char('\n'), QLatin1String("\\n"))
-        .replace(QLatin1Char('\t'), QLatin1String("\\t"));
+        .replace(QLatin1Char('"'), QLatin1String("\\\""));
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
@@ -30,6 +29,7 @@ QString aligned(const char *heading, Rows rows)
 {
     QVector<int> widths;
     for (Row &row : rows) {
+        std::transform(row.cells.begin(), row.cells.end(), row.cells.begin(), escaped);
         row.cells.first().prepend(QString(2 * row.depth + 2, QLatin1Char(' ')));
         while (row.cells.constLast().isEmpty())
             row.cells.removeLast();

@@ -1,6 +1,5 @@
 #include "check/Check.h"
 #include "StringLiterals.h"
-#include "document/ToolDocument.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -136,22 +135,17 @@ private Q_SLOTS:
             QVERIFY(!schemaAccepts(path));
     }
 
-    void shippedDocuments_data()
-    {
-        QTest::addColumn<QString>("document");
-        for (const char *product : {"lorvan", "tesmar"})
-            for (const char *name : {"confs", "tools", "menus"})
-                QTest::addRow("%s %s", product, name)
-                    << u"%1/%2.xml"_s.arg(QLatin1String(product), QLatin1String(name));
-    }
-
     void shippedDocuments()
     {
-        QFETCH(QString, document);
-        QVERIFY(findingsOf(documentPath(document)).isEmpty());
-        QVERIFY(schemaAccepts(documentPath(document)));
-        // What holds for the files holds for what is built in.
-        QCOMPARE(contentOf(u":/widgets/"_s + document), contentOf(documentPath(document)));
+        for (QDirIterator files(QStringLiteral(DOCUMENTS), {u"*.xml"_s}, QDir::Files,
+                                QDirIterator::Subdirectories);
+             files.hasNext();) {
+            const QString path = files.next();
+            QVERIFY2(findingsOf(path).isEmpty() && schemaAccepts(path), qPrintable(path));
+            // What holds for the files holds for what is built in.
+            QCOMPARE(contentOf(path),
+                     contentOf(QString(path).replace(QStringLiteral(DOCUMENTS), u":/widgets"_s)));
+        }
     }
 
     // QDomDocument, with which applications read, would run out of stack.
@@ -174,43 +168,15 @@ private Q_SLOTS:
                  u"\"a\\n\\t\\r\\u0001\\u202e\U0001f9f5\""_s);
     }
 
-    void kinds_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<int>("kind");
-        QTest::newRow("by name") << u"a/confs.xml"_s << QByteArray("<ui/>")
-                                 << int(DocumentKind::Entries);
-        QTest::newRow("menus") << u"a.xml"_s << QByteArray("<ui/>") << int(DocumentKind::Menus);
-        QTest::newRow("entries") << u"a.xml"_s << QByteArray("<q><entry/></q>")
-                                 << int(DocumentKind::Entries);
-        QTest::newRow("tools") << u"a.xml"_s << QByteArray("<q><!-- <entry/> --><module/></q>")
-                               << int(DocumentKind::Tools);
-    }
-
     void kinds()
     {
-        QFETCH(QString, path);
-        QFETCH(QByteArray, content);
-        QTEST(int(documentKind(path, XmlDocument::fromBytes(content))), "kind");
-    }
-
-    void masks_data()
-    {
-        QTest::addColumn<qint64>("mask"); // -1 where it is none
-        const auto row = [](const char *text, qint64 mask) { QTest::newRow(text) << mask; };
-        row("17", 17);
-        row("0x0000000000000aF", 0xaf);
-        row("010", 10);
-        row("0xffffffff", 0xffffffff);
-        for (const char *text : {"", "0x", "0X11", " 17", "+17", "0x100000000"})
-            row(text, -1);
-    }
-
-    void masks()
-    {
-        const auto mask = maskFromText(QLatin1String(QTest::currentDataTag()));
-        QTEST(mask ? qint64(*mask) : qint64(-1), "mask");
+        const auto kind = [](const QString &path, const char *content) {
+            return documentKind(path, XmlDocument::fromBytes(content));
+        };
+        QVERIFY(kind(u"a/confs.xml"_s, "<ui/>") == DocumentKind::Entries);
+        QVERIFY(kind(u"a.xml"_s, "<ui/>") == DocumentKind::Menus);
+        QVERIFY(kind(u"a.xml"_s, "<q><entry/></q>") == DocumentKind::Entries);
+        QVERIFY(kind(u"a.xml"_s, "<q><!-- <entry/> --><module/></q>") == DocumentKind::Tools);
     }
 };
 

@@ -88,6 +88,11 @@ private Q_SLOTS:
         QTRY_VERIFY(shows(u"third"_s));
         saveByRenaming(withTool("fourth"));
         QTRY_VERIFY(shows(u"fourth"_s));
+        // Some editors remove it before they write it anew.
+        QVERIFY(QFile::remove(path));
+        QTRY_VERIFY(findings()->toPlainText().contains(u"no such document"_s));
+        saveInPlace(withTool("fifth"));
+        QTRY_VERIFY(shows(u"fifth"_s));
     }
 
     void brokenAndMended()

@@ -194,18 +194,6 @@ private Q_SLOTS:
         QVERIFY(place(u"b"_s).y() > place(u"a"_s).y());
     }
 
-    void closedPanelsStayClosed()
-    {
-        const auto window = surface(builtIn(u"tesmar"_s));
-        const auto states = hostStates(u"tesmar"_s);
-        window->showState(states.at(0), Presentation::ToolBoxes);
-        window->findChild<QDockWidget *>(u"keypad"_s)->close();
-        window->showState(states.at(1), Presentation::ToolBoxes);
-        QVERIFY(window->findChild<QDockWidget *>(u"keypad"_s)->isHidden());
-        QVERIFY(window->findChild<QDockWidget *>(u"toolbox 2"_s)->isVisible());
-        QCOMPARE(window->closedPanels(), QSet<QString> {u"keypad"_s});
-    }
-
     void menus()
     {
         const auto window = surface(builtIn(u"tesmar"_s));

@@ -42,7 +42,8 @@ private:
     QTextBrowser *findings() const { return window->findChild<QTextBrowser *>(); }
     Surface *surface() const
     {
-        for (QWidget *child : window->findChildren<QWidget *>())
+        const auto children = window->findChildren<QWidget *>();
+        for (QWidget *child : children)
             if (auto *found = dynamic_cast<Surface *>(child))
                 return found;
         return nullptr;

@@ -50,7 +50,7 @@ QByteArray bar(const QByteArray &id, const QByteArray &mode, const QByteArray &a
            + ">" + tool("select") + "</toolbar>";
 }
 
-const QByteArray boxStart =
+constexpr const char *boxStart =
     "<toolbox columns=\"2\" mode=\"1\" margin=\"1\" spacing=\"1\" button-style=\"\">";
 
 template <typename Widget>
@@ -169,7 +169,7 @@ private Q_SLOTS:
     void toolBoxes()
     {
         QFETCH(QByteArray, items);
-        const auto window = surface(boxStart + items + "</toolbox>");
+        const auto window = surface(QByteArray(boxStart) + items + "</toolbox>");
         window->showState({1, u"one"_s}, Presentation::ToolBoxes);
         QCoreApplication::processEvents();
         QTEST(boxRows(window.get()), "rows");
@@ -216,7 +216,8 @@ private Q_SLOTS:
         const auto window = surface(builtIn(u"lorvan"_s));
         window->showState(states.at(0), Presentation::ToolBars);
         const QImage bars = pictureOf(*window);
-        for (const QToolBar *one : visible<QToolBar>(window.get()))
+        const auto shown = visible<QToolBar>(window.get());
+        for (const QToolBar *one : shown)
             QVERIFY2(one->width() >= one->sizeHint().width(), qPrintable(one->objectName()));
         window->showState(states.at(2), Presentation::ToolBars);
         QVERIFY(pictureOf(*window) != bars);

@@ -44,6 +44,12 @@ public:
         add(Finding::Warning, offset, compose(pattern, values...));
     }
 
+    /** What Designer writes and the format has not. */
+    void beyondFormat(int offset, const QString &what)
+    {
+        warning(offset, "%1: QUiLoader reads it, but hosts promise the format only", what);
+    }
+
     /** Whether an error was found there: what follows from it is not to be one more. */
     bool isWrong(int offset) const { return wrongPlaces.contains(offset); }
 

@@ -114,9 +114,7 @@ private:
                                   name, owner.name, listed(names),
                                   suggestion(meantName(name, names)));
         if (!names.contains(name))
-            findings.warning(
-                property.offset,
-                "property \"%1\": QUiLoader reads it, but hosts promise the format only", name);
+            findings.beyondFormat(property.offset, compose("property \"%1\"", name));
         if (findings.isWrong(property.offsetOfText()))
             return;
         if (property.children.empty())

@@ -79,11 +79,6 @@ constexpr ElementRule menuRules[] {
      "~resource", anything, Once | Beyond},
 };
 
-QString tag(const QString &name)
-{
-    return QLatin1Char('<') + name + QLatin1Char('>');
-}
-
 QStringList words(const char *text)
 {
     return QString::fromLatin1(text).split(QLatin1Char(' '));
@@ -169,9 +164,7 @@ private:
     void check(const XmlElement &element, const ElementRule &rule)
     {
         if (rule.flags & Beyond)
-            findings.warning(element.offset,
-                             "<%1>: QUiLoader reads it, but hosts promise the format only",
-                             element.name);
+            findings.beyondFormat(element.offset, compose("<%1>", element.name));
         checkAttributes(element, rule);
         const QString expected = valueError(QString::fromLatin1(rule.text), element.text);
         if (!rule.text && !element.text.isEmpty())
@@ -240,7 +233,7 @@ private:
         QStringList expected;
         for (const ElementRule *rule : rules)
             if (!(rule->flags & Beyond))
-                expected += tag(QLatin1String(rule->names));
+                expected += compose("<%1>", rule->names);
         const bool isKnown = std::any_of(begin, end, [&child](const ElementRule &rule) {
             return words(rule.names).contains(child.name);
         });
@@ -265,10 +258,7 @@ private:
             if (spec.captured(1) != QLatin1String("~"))
                 wanted += name;
             else if (attribute)
-                findings.warning(
-                    attribute->offset,
-                    "attribute \"%1\": QUiLoader reads it, but hosts promise the format only",
-                    name);
+                findings.beyondFormat(attribute->offset, compose("attribute \"%1\"", name));
             if (spec.captured(1).isEmpty())
                 required += name;
             if (spec.captured(1).isEmpty() && !attribute)
@@ -316,7 +306,7 @@ void checkProlog(const Document &document, Findings &findings)
                            QString(*other));
     } else if (xml.version != QLatin1String("1.0")
                || xml.encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) != 0) {
-        findings.error(0, "expected the XML declaration with version 1.0 and encoding UTF-8");
+        findings.error(0, "expected an XML declaration, of version 1.0 and in UTF-8");
     }
 
     static const QRegularExpression entryType(

@@ -23,7 +23,8 @@ public:
         QSet<QString> ids;
         for (const XmlElement *module : tools.modules)
             checkUnique(ids, *module, "module", module->value("id"));
-        for (const ToolDocument::Box &box : tools.toolBoxes + tools.keypads) {
+        const auto gridBoxes = tools.toolBoxes + tools.keypads;
+        for (const ToolDocument::Box &box : gridBoxes) {
             checkStyleSheet(box.buttonStyle, box.xml->offsetOf("button-style"), findings);
             checkBox(box);
         }

@@ -41,7 +41,8 @@ Surface::Surface(const Document &tools, const Document &menus)
     setMenuBar(menuBar);
 
     const ToolDocument document = ToolDocument::read(tools.xml);
-    for (const ToolDocument::Box &box : document.toolBoxes + document.keypads)
+    const auto gridBoxes = document.toolBoxes + document.keypads;
+    for (const ToolDocument::Box &box : gridBoxes)
         addDock(box, document);
     for (const ToolDocument::Box &bar : document.toolBars)
         addBar(bar, document);
@@ -97,11 +98,12 @@ void Surface::showState(const HostState &state, Presentation presentation)
     code = state.code;
     shown = presentation;
     for (const Panel &panel : qAsConst(panels)) {
+        const auto actions = panel.widget->actions();
         if (auto *dock = qobject_cast<QDockWidget *>(panel.widget))
             static_cast<ToolBoxGrid *>(static_cast<GridArea *>(dock->widget())->widget())
                 ->showAvailable(code);
         else
-            for (QAction *action : panel.widget->actions())
+            for (QAction *action : actions)
                 action->setVisible(isAvailable(action->data().toUInt(), code));
         panel.widget->setVisible(isDue(panel) && !closed.contains(panel.widget->objectName()));
         panel.toggle->setVisible(isDue(panel));

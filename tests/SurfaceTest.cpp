@@ -226,9 +226,13 @@ private Q_SLOTS:
         const QImage open = pictureOf(*window, points);
         QVERIFY(points->isVisible());
         const QImage menu = points->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        const auto *treatment = window->menuBar()->findChild<QMenu *>(u"menuTreatment"_s);
-        QPoint corner = window->menuBar()->actionGeometry(treatment->menuAction()).bottomLeft();
-        corner += treatment->actionGeometry(points->menuAction()).topRight();
+        auto *treatment = window->menuBar()->findChild<QMenu *>(u"menuTreatment"_s);
+        const QPoint start =
+            window->menuBar()->actionGeometry(treatment->menuAction()).bottomLeft();
+        const QPoint corner = start + treatment->actionGeometry(points->menuAction()).topRight();
+        const QRect left(0, 0, corner.x() - start.x(), treatment->height()); // of the menu
+        QCOMPARE(open.copy(left.translated(start)),
+                 treatment->grab(left).toImage().convertToFormat(QImage::Format_RGB32));
         QCOMPARE(open.copy(QRect(corner, menu.size())), menu);
         QVERIFY(QRect(QPoint(), open.size()).contains(QRect(corner, menu.size())));
     }

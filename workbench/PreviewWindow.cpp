@@ -56,7 +56,7 @@ PreviewWindow::PreviewWindow(const Place &shownPlace)
     splitter->setSizes({height() * 4 / 5, height() / 5});
 
     new QShortcut(Qt::Key_F5, this, [this] { reload(); });
-    new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });
+    new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), this, [this] { close(); });
     settling.setSingleShot(true);
     settling.setInterval(settlingTime);
     connect(&settling, &QTimer::timeout, this, &PreviewWindow::reload);

@@ -39,7 +39,7 @@ QList<QCommandLineOption> screenshotOptions()
 
 Status screenshotCommand(const QStringList &placeAndFile, const QCommandLineParser &parser)
 {
-    const QString path = placeAndFile.constLast();
+    const QString &path = placeAndFile.constLast();
     if (const Status status = checkPicture(path))
         return status;
     const int presentation = choose("presentation", parser.value(QStringLiteral("tools")),

@@ -281,9 +281,9 @@ private:
             findings.error(attribute.offset, "unknown attribute \"%1\" of <%2>; expected: %3%4",
                            attribute.name, element.name, listed(wanted), suggestion(meant));
         }
-        for (const QString &name : qAsConst(missing))
-            findings.error(element.offset, "<%1> has no \"%2\"; expected: %3", element.name, name,
-                           listed(required));
+        if (!missing.isEmpty())
+            findings.error(element.offset, "<%1> has no \"%2\"; expected: %3", element.name,
+                           missing.join(QLatin1String("\" and no \"")), listed(required));
     }
 
     const ElementRule *begin;

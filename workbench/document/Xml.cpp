@@ -146,23 +146,26 @@ private:
         element.text += xml.text();
     }
 
+    bool isAt(int offset, const char *markup) const
+    {
+        return text.midRef(offset).startsWith(QLatin1String(markup));
+    }
+
     // Where what is wrong begins, as far as that can be told from where the reader stopped.
-    int errorOffset(int token, bool isEndTag) const
+    int errorOffset(int token) const
     {
         const int stop = static_cast<int>(xml.characterOffset());
-        const int fault = text.midRef(token + 1, 1).compare(QLatin1String("A")) < 0
-                              ? -1
-                              : scanStartTag(text, token).fault;
         const int bracket = text.lastIndexOf(QLatin1Char('<'), stop - 1);
         const int ampersand = text.lastIndexOf(QLatin1Char('&'), stop - 1);
+        if (isAt(token, "<!--") || isAt(token, "<![CDATA[") || isAt(token, "</"))
+            return token;
         if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError)
             return text.size();
-        if (isEndTag)
-            return token;
-        if (fault >= 0)
+        if (const int fault = scanStartTag(text, token).fault; fault >= 0)
             return fault;
-        if (ampersand >= before
-            && !text.midRef(ampersand, stop - 1 - ampersand).contains(QLatin1Char(';')))
+        if (xml.errorString().startsWith(QLatin1String("Entity")) // read to its end already
+            || (ampersand >= before
+                && !text.midRef(ampersand, stop - 1 - ampersand).contains(QLatin1Char(';'))))
             return ampersand;
         if (open.empty())
             return text.leftRef(token).contains(QLatin1Char('<')) ? token : skipBlanks(text, 0);
@@ -171,23 +174,30 @@ private:
         return stop - (text.leftRef(stop).endsWith(QLatin1String("]]>")) ? 3 : 1);
     }
 
+    QString errorText(int token, bool isCut) const
+    {
+        if (isAt(token, "<!--"))
+            return compose("a comment is not closed, or holds \"--\"");
+        if (isCut)
+            return isAt(token, "<![CDATA[") ? compose("a CDATA section is not closed")
+                                            : compose("the document ends too early");
+        const QString message = xml.errorString();
+        return message.endsWith(QLatin1Char('.')) ? message.chopped(1) : message;
+    }
+
     void setError()
     {
         const bool isCut = xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
         const int token = markupOffset(text, before);
-        const bool isEndTag = text.midRef(token).startsWith(QLatin1String("</"));
-        QString what = isCut ? compose("the document ends too early") : xml.errorString();
-        if (what.endsWith(QLatin1Char('.')))
-            what.chop(1);
-        what = compose("not well-formed: %1", what);
+        QString what = compose("not well-formed: %1", errorText(token, isCut));
         if (!open.empty()) {
             const Position opened = positionOf(text, open.back().offset);
             what += compose("; <%1> is open, since line %2, column %3", open.back().name,
                             opened.line, opened.column);
-            if (isCut || isEndTag)
+            if (isCut || isAt(token, "</"))
                 what += compose("; expected </%1>", open.back().name);
         }
-        document.error = {errorOffset(token, isEndTag), what};
+        document.error = {errorOffset(token), what};
     }
 
     XmlDocument &document;

@@ -52,10 +52,11 @@ bool schemaAccepts(const QString &path)
                                ? u"entries"_s
                                : QFileInfo(path).completeBaseName();
     QProcess xmllint;
-    xmllint.start(QStringLiteral(XMLLINT), {u"--noout"_s, u"--relaxng"_s,
-                                            QStringLiteral(SCHEMAS "/%1.rng").arg(schema), path});
+    xmllint.start(u"xmllint"_s, {u"--noout"_s, u"--relaxng"_s,
+                                 QStringLiteral(SCHEMAS "/%1.rng").arg(schema), path});
     if (!xmllint.waitForFinished() || (xmllint.exitCode() != 0 && xmllint.exitCode() != 3))
-        qFatal("xmllint failed: %s", xmllint.readAllStandardError().constData());
+        qFatal("xmllint: %s %s", qPrintable(xmllint.errorString()),
+               xmllint.readAllStandardError().constData());
     return xmllint.exitCode() == 0;
 }
 

@@ -43,6 +43,8 @@ private Q_SLOTS:
             "three\nDocuments: 3, errors: 1, warnings: 0\n",
             "partial: the product \"partial\" is unknown, so its states and entries are not "
             "checked; there are: lorvan, tesmar");
+        commandLineRow("check none edited/tesmar/confs.xml", 2, // the rest is reported all the same
+                       "Documents: 1, errors: 0, warnings: 0\n", "there is no \"none\"");
         commandLineRow("checks", 2, "", "there are: check, preview, screenshot, outline");
         commandLineRow("check none", 2, "", "or a product: lorvan, tesmar");
         commandLineRow("check empty", 2, "", "holds no documents; expected confs.xml");
@@ -70,6 +72,36 @@ private Q_SLOTS:
                      outcome.errors.constData());
         }
         QVERIFY(!QFile::exists(u"s.png"_s));
+    }
+
+    // One thing a line, whatever the values hold.
+    void outlineOfOddValues()
+    {
+        QVERIFY(QDir().mkpath(u"odd/tesmar"_s));
+        for (const char *name : {"confs.xml", "tools.xml", "menus.xml"}) {
+            QFile shipped(QStringLiteral(DOCUMENTS "/tesmar/") + QLatin1String(name));
+            QFile odd(u"odd/tesmar/"_s + QLatin1String(name));
+            QVERIFY(shipped.open(QIODevice::ReadOnly) && odd.open(QIODevice::WriteOnly));
+            odd.write(shipped.readAll()
+                          .replace(">entp<", ">en\ntp \"x\\<")
+                          .replace("<string>Load...<", "<string>Load\t&quot;x&quot;<"));
+        }
+        const Outcome outcome = run(QUENDA_WORKBENCH, {u"outline"_s, u"odd/tesmar"_s});
+        QCOMPARE(outcome.status, 0);
+        QVERIFY(outcome.output.contains("\"en\\ntp \\\"x\\\\\""));
+        QVERIFY(outcome.output.contains("\"Load\\t\\\"x\\\"\""));
+    }
+
+    void stateByName()
+    {
+        const auto picture = [](const QString &state) {
+            const QStringList arguments {u"screenshot"_s, u"tesmar"_s, u"s.ppm"_s, u"--state"_s,
+                                         state};
+            return run(QUENDA_WORKBENCH, arguments).status == 0 ? QImage(u"s.ppm"_s) : QImage();
+        };
+        const QImage byCode = picture(u"16"_s);
+        QVERIFY(!byCode.isNull());
+        QCOMPARE(picture(u"Link piece VIEW"_s), byCode);
     }
 
     void screenshots()

@@ -14,20 +14,33 @@ void collect(QtMsgType, const QMessageLogContext &, const QString &message)
         *complaint = message;
 }
 
+// Larger than this, a button makes no sense, and its picture may not fit into the memory.
+constexpr int mostPixels = 1000;
+
+void paint(QToolButton &button)
+{
+    const QSize size = button.sizeHint().expandedTo(button.minimumSize());
+    if (size.width() <= mostPixels && size.height() <= mostPixels)
+        button.grab();
+    else if (complaint->isEmpty())
+        *complaint = compose("a button of more than %1 pixels", mostPixels);
+}
+
 // Qt parses a rule when it is first needed, so every state that a button can be in is painted.
-void paint(const QString &styleSheet)
+void paintStates(const QString &styleSheet)
 {
     QToolButton button;
+    button.setText(QStringLiteral("select")); // whose font counts
     button.setStyleSheet(styleSheet);
     button.setCheckable(true);
     for (const bool isChecked : {false, true})
         for (const bool isUnderMouse : {false, true}) {
             button.setChecked(isChecked);
             button.setAttribute(Qt::WA_UnderMouse, isUnderMouse);
-            button.grab();
+            paint(button);
         }
     button.setEnabled(false);
-    button.grab();
+    paint(button);
 }
 
 QString complaintOf(const QString &styleSheet)
@@ -37,7 +50,7 @@ QString complaintOf(const QString &styleSheet)
     QString message;
     complaint = &message;
     const QtMessageHandler previous = qInstallMessageHandler(collect);
-    paint(styleSheet);
+    paintStates(styleSheet);
     qInstallMessageHandler(previous);
     complaint = nullptr;
     // The address of a button says nothing.

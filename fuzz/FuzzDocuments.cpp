@@ -25,6 +25,8 @@
 #include <cstdlib>
 #include <memory>
 
+using namespace Quenda::Workbench;
+
 namespace {
 
 [[noreturn]] void fail(const QString &what)

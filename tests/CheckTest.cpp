@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace Quenda::Workbench;
+
 namespace {
 
 QByteArray contentOf(const QString &path)

@@ -10,6 +10,8 @@
 #include <QToolButton>
 #include <QtTest>
 
+using namespace Quenda::Workbench;
+
 class PreviewTest : public QObject
 {
     Q_OBJECT

@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Quenda::Workbench;
+
 namespace {
 
 std::vector<Document> builtIn(const QString &product)

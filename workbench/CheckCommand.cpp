@@ -2,6 +2,8 @@
 
 #include "document/HostState.h"
 
+namespace Quenda::Workbench {
+
 Status checkCommand(const QStringList &places, const QCommandLineParser &)
 {
     QVector<Finding> findings;
@@ -25,3 +27,5 @@ Status checkCommand(const QStringList &places, const QCommandLineParser &)
         status = ErrorsFound;
     return documents == 0 ? status : std::max(print(reportOf(findings, documents)), status);
 }
+
+} // namespace Quenda::Workbench

@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+namespace Quenda::Workbench {
+
 std::optional<LoadedPlace> loadPlace(const QString &name, Place::Wanted wanted)
 {
     QString error;
@@ -76,3 +78,5 @@ void useLightStyle()
         QApplication::setFont(font);
     }
 }
+
+} // namespace Quenda::Workbench

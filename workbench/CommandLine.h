@@ -5,6 +5,8 @@
 
 #include <optional>
 
+namespace Quenda::Workbench {
+
 /** A place that a user named, with its documents and what is wrong with them. */
 struct LoadedPlace
 {
@@ -47,3 +49,5 @@ int choose(const char *what, const QString &wanted, const QStringList &names);
  * whatever those of the desktop are.
  */
 void useLightStyle();
+
+} // namespace Quenda::Workbench

@@ -2,6 +2,8 @@
 
 #include <QCommandLineParser>
 
+namespace Quenda::Workbench {
+
 /** What went well or wrong, for the exit status of every command. */
 enum Status {
     NothingWrong = 0,
@@ -17,3 +19,5 @@ Status outlineCommand(const QStringList &places, const QCommandLineParser &parse
 
 /** Those of the one command that has any. */
 QList<QCommandLineOption> screenshotOptions();
+
+} // namespace Quenda::Workbench

@@ -3,6 +3,8 @@
 
 #include <QApplication>
 
+namespace Quenda::Workbench {
+
 Status previewCommand(const QStringList &places, const QCommandLineParser &)
 {
     if (QGuiApplication::platformName() == QLatin1String("offscreen"))
@@ -16,3 +18,5 @@ Status previewCommand(const QStringList &places, const QCommandLineParser &)
     window.show();
     return QApplication::exec() == 0 ? NothingWrong : NotDone;
 }
+
+} // namespace Quenda::Workbench

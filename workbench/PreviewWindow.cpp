@@ -20,6 +20,8 @@
 
 using namespace std::chrono_literals;
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // Editors save in several steps. Short enough for a surface that follows at once.
@@ -175,3 +177,5 @@ void PreviewWindow::showFindings(QVector<Finding> findings)
     }
     findingsPane->setHtml(html);
 }
+
+} // namespace Quenda::Workbench

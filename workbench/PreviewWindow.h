@@ -11,6 +11,9 @@ class QComboBox;
 class QHBoxLayout;
 class QStackedLayout;
 class QTextBrowser;
+
+namespace Quenda::Workbench {
+
 class Surface;
 struct Finding;
 
@@ -50,3 +53,5 @@ private:
     QComboBox *stateSelector = nullptr;
     QComboBox *presentationSelector = nullptr;
 };
+
+} // namespace Quenda::Workbench

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // Refuses a picture that cannot be written before anything is done for it.
@@ -76,3 +78,5 @@ Status screenshotCommand(const QStringList &placeAndFile, const QCommandLinePars
         return fail("cannot write %1: %2", path, writer.errorString());
     return NothingWrong;
 }
+
+} // namespace Quenda::Workbench

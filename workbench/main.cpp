@@ -4,6 +4,8 @@
 
 #include <QApplication>
 
+using namespace Quenda::Workbench;
+
 namespace {
 
 struct Command

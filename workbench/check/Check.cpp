@@ -7,6 +7,8 @@
 
 #include <tuple>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // Applications read entry and tool documents with QDomDocument, which sees some constructs
@@ -85,3 +87,5 @@ bool hasErrors(const QVector<Finding> &findings)
     return std::any_of(findings.begin(), findings.end(),
                        [](const Finding &f) { return f.severity == Finding::Error; });
 }
+
+} // namespace Quenda::Workbench

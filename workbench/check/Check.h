@@ -2,6 +2,8 @@
 
 #include "check/Finding.h"
 
+namespace Quenda::Workbench {
+
 /**
  * Everything that is wrong with a document, in the order of the places. One without an error is
  * what the readers, the surface and the hosts take it for.
@@ -18,3 +20,5 @@ QVector<Finding> checkDocuments(const std::vector<Document> &documents, const QS
 
 /** Whether an error is among them; warnings are none. */
 bool hasErrors(const QVector<Finding> &findings);
+
+} // namespace Quenda::Workbench

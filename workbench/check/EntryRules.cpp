@@ -9,6 +9,8 @@
 #include <cmath>
 #include <limits>
 
+namespace Quenda::Workbench {
+
 namespace EntryNames = Quenda::Help::EntryNames;
 
 namespace {
@@ -114,3 +116,5 @@ void checkEntries(const Document &document, const QString &product, Findings &fi
         findings.error(document.xml.root.offset, "entry \"%1\" is missing; the host of %2 reads it",
                        name, product);
 }
+
+} // namespace Quenda::Workbench

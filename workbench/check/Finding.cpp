@@ -2,6 +2,8 @@
 
 #include <numeric>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // How many characters have to be put in, left out or exchanged (Levenshtein's distance).
@@ -58,3 +60,5 @@ QString suggestion(const QString &meant)
 {
     return meant.isEmpty() ? QString() : compose("; did you mean \"%1\"?", meant);
 }
+
+} // namespace Quenda::Workbench

@@ -5,6 +5,8 @@
 
 #include <QSet>
 
+namespace Quenda::Workbench {
+
 /** Something that is wrong, or odd, in a document. */
 struct Finding
 {
@@ -67,3 +69,5 @@ QString meantName(const QString &name, const QStringList &names);
 
 /** "; did you mean ...?", or nothing without a name. */
 QString suggestion(const QString &meant);
+
+} // namespace Quenda::Workbench

@@ -7,6 +7,8 @@
 
 #include <iterator>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // What has properties, and those of the format; Qt knows all that there are.
@@ -300,3 +302,5 @@ void checkMenus(const Document &document, Findings &findings)
 {
     MenuChecker(document, findings).check();
 }
+
+} // namespace Quenda::Workbench

@@ -3,6 +3,8 @@
 #include "check/Finding.h"
 #include "document/MenuDocument.h"
 
+namespace Quenda::Workbench {
+
 /**
  * That a document has the parts of its format and no others: declaration, elements, attributes and
  * their values, and text only where it means something. What QUiLoader reads beyond the format is a
@@ -23,3 +25,5 @@ void checkShortcuts(const MenuDocument &menus, Findings &findings);
 
 /** What Qt says of a style sheet when it is used. */
 void checkStyleSheet(const QString &styleSheet, int offset, Findings &findings);
+
+} // namespace Quenda::Workbench

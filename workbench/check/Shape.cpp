@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 enum Flag {
@@ -332,3 +334,5 @@ void checkShape(const Document &document, Findings &findings)
         return ShapeChecker(menuRules, findings).checkRoot(document.xml.root);
     }
 }
+
+} // namespace Quenda::Workbench

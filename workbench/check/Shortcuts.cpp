@@ -2,6 +2,8 @@
 
 #include <QKeySequence>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // A shortcut of an action, or the mnemonic of a menu in the bar.
@@ -90,3 +92,5 @@ void checkShortcuts(const MenuDocument &menus, Findings &findings)
         taken.append(shortcut);
     }
 }
+
+} // namespace Quenda::Workbench

@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QToolButton>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 QString *complaint = nullptr; // receives the first message while a style sheet is tried
@@ -71,3 +73,5 @@ void checkStyleSheet(const QString &styleSheet, int offset, Findings &findings)
                        "the style sheet does not work: %1; expected Qt's style sheet syntax",
                        known[styleSheet]);
 }
+
+} // namespace Quenda::Workbench

@@ -2,6 +2,8 @@
 #include "document/HostState.h"
 #include "document/ToolDocument.h"
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // The cells of a keypad.
@@ -212,3 +214,5 @@ void checkTools(const Document &document, const QString &product, Findings &find
 {
     ToolChecker(document, product, findings).check();
 }
+
+} // namespace Quenda::Workbench

@@ -1,5 +1,7 @@
 #include "document/EntryDocument.h"
 
+namespace Quenda::Workbench {
+
 EntryDocument EntryDocument::read(const XmlDocument &xml)
 {
     EntryDocument document;
@@ -8,3 +10,5 @@ EntryDocument EntryDocument::read(const XmlDocument &xml)
             document.entries.append({child.value("name"), child.text, &child});
     return document;
 }
+
+} // namespace Quenda::Workbench

@@ -2,6 +2,8 @@
 
 #include "document/Xml.h"
 
+namespace Quenda::Workbench {
+
 /** An entry document: the entries in their order. */
 struct EntryDocument
 {
@@ -16,3 +18,5 @@ struct EntryDocument
 
     static EntryDocument read(const XmlDocument &xml);
 };
+
+} // namespace Quenda::Workbench

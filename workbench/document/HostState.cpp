@@ -1,5 +1,7 @@
 #include "document/HostState.h"
 
+namespace Quenda::Workbench {
+
 QVector<HostState> hostStates(const QString &product)
 {
     if (product == QLatin1String("lorvan")) // one document bit combined with one view bit
@@ -24,3 +26,5 @@ QVector<HostState> hostStates(const QString &product)
         };
     return {};
 }
+
+} // namespace Quenda::Workbench

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QVector>
 
+namespace Quenda::Workbench {
+
 /** A state that the host of a product can be in. */
 struct HostState
 {
@@ -14,3 +16,5 @@ struct HostState
 
 /** All states of the host of @p product, an id in lower case; none for a product unknown here. */
 QVector<HostState> hostStates(const QString &product);
+
+} // namespace Quenda::Workbench

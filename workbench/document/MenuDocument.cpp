@@ -1,5 +1,7 @@
 #include "document/MenuDocument.h"
 
+namespace Quenda::Workbench {
+
 namespace {
 
 MenuDocument::Menu readMenu(const XmlElement &element)
@@ -54,3 +56,5 @@ QString propertyText(const XmlElement &object, const char *property)
     const XmlElement *value = propertyOf(object, property);
     return value ? value->text : QString();
 }
+
+} // namespace Quenda::Workbench

@@ -2,6 +2,8 @@
 
 #include "document/Xml.h"
 
+namespace Quenda::Workbench {
+
 /** A menu document: the menu bar as a tree of menus, and the actions. */
 struct MenuDocument
 {
@@ -37,3 +39,5 @@ const XmlElement *propertyOf(const XmlElement &object, const char *property);
 
 /** The text of that element; empty when there is none. */
 QString propertyText(const XmlElement &object, const char *property);
+
+} // namespace Quenda::Workbench

@@ -5,6 +5,11 @@
 #include <QDir>
 #include <QFile>
 
+// Of the library, in which the documents are and of which a linker would see no other use.
+int qInitResources_quendahelp();
+
+namespace Quenda::Workbench {
+
 namespace {
 
 constexpr const char *fileNames[] {"confs.xml", "tools.xml", "menus.xml"}; // by DocumentKind
@@ -13,8 +18,7 @@ constexpr const char *fileNames[] {"confs.xml", "tools.xml", "menus.xml"}; // by
 
 QStringList Place::builtInProducts()
 {
-    // The documents are in the library, of which a linker sees no other use.
-    Q_INIT_RESOURCE(quendahelp);
+    qInitResources_quendahelp();
     return QDir(QStringLiteral(":/widgets")).entryList(QDir::Dirs);
 }
 
@@ -81,3 +85,5 @@ DocumentKind documentKind(const QString &path, const XmlDocument &xml)
         return DocumentKind::Menus;
     return xml.root.child("entry") ? DocumentKind::Entries : DocumentKind::Tools;
 }
+
+} // namespace Quenda::Workbench

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace Quenda::Workbench {
+
 enum class DocumentKind { Entries, Tools, Menus };
 
 /** A document as it was read. */
@@ -44,3 +46,5 @@ struct Place
 
 /** A document by its usual file name, or else by what is in it. */
 DocumentKind documentKind(const QString &path, const XmlDocument &xml);
+
+} // namespace Quenda::Workbench

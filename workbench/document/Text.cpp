@@ -1,5 +1,7 @@
 #include "document/Text.h"
 
+namespace Quenda::Workbench {
+
 QString escaped(const QString &value)
 {
     QString result;
@@ -24,3 +26,5 @@ QString listed(const QStringList &names)
 {
     return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));
 }
+
+} // namespace Quenda::Workbench

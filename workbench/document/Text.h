@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+namespace Quenda::Workbench {
+
 /** A value for a text: on one line, whatever it holds. */
 QString escaped(const QString &value);
 
@@ -30,3 +32,5 @@ QString compose(const char *pattern, const Values &...values)
     else
         return QString::fromUtf8(pattern);
 }
+
+} // namespace Quenda::Workbench

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 int number(const XmlElement &element, const char *attribute, int otherwise)
@@ -85,3 +87,5 @@ const XmlElement *ToolDocument::module(const QString &id) const
     });
     return found == modules.end() ? nullptr : *found;
 }
+
+} // namespace Quenda::Workbench

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace Quenda::Workbench {
+
 /** The mask of an element without a "mode": available in every state. */
 constexpr quint32 everyState = 0xffffffff;
 
@@ -68,3 +70,5 @@ struct ToolDocument
     /** The first module of the id, or null. */
     const XmlElement *module(const QString &id) const;
 };
+
+} // namespace Quenda::Workbench

@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // Deeper than any real document; QDomDocument recurses and would overflow the stack.
@@ -263,3 +265,5 @@ Position positionOf(const QString &text, int offset)
     const QVector<uint> characters = before.mid(lineStart).toUcs4();
     return {static_cast<int>(before.count(QLatin1Char('\n'))) + 1, characters.size() + 1};
 }
+
+} // namespace Quenda::Workbench

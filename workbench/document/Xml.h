@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <vector>
 
+namespace Quenda::Workbench {
+
 /** The first of a list that has the name, or null. */
 template <typename List, typename Name>
 const typename List::value_type *findNamed(const List &list, const Name &name)
@@ -80,3 +82,5 @@ struct Position
 };
 
 Position positionOf(const QString &text, int offset);
+
+} // namespace Quenda::Workbench

@@ -7,6 +7,8 @@
 #include <QHash>
 #include <QSet>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 // A line: how deep it is in the tree, and its cells, which stand below those of other lines.
@@ -166,3 +168,5 @@ QString outlineOf(const std::vector<Document> &documents)
     }
     return text;
 }
+
+} // namespace Quenda::Workbench

@@ -5,6 +5,8 @@
 #include <QMenuBar>
 #include <QPainter>
 
+namespace Quenda::Workbench {
+
 namespace {
 
 struct Part
@@ -59,3 +61,5 @@ QImage pictureOf(QMainWindow &window, QMenu *menu)
         painter.drawPixmap(part.place - area.topLeft(), part.pixmap);
     return image;
 }
+
+} // namespace Quenda::Workbench

@@ -5,8 +5,12 @@
 class QMainWindow;
 class QMenu;
 
+namespace Quenda::Workbench {
+
 /**
  * A picture of @p window, which is made as large as all that it shows, with @p menu open and the
  * menus on the way to it. Without a menu, of the window alone.
  */
 QImage pictureOf(QMainWindow &window, QMenu *menu = nullptr);
+
+} // namespace Quenda::Workbench

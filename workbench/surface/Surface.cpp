@@ -12,6 +12,8 @@
 #include <QToolBar>
 #include <QUiLoader>
 
+namespace Quenda::Workbench {
+
 QMenuBar *loadMenuBar(const QString &text)
 {
     QByteArray bytes = text.toUtf8();
@@ -127,3 +129,5 @@ void Surface::setClosedPanels(const QSet<QString> &names)
 {
     closed = names;
 }
+
+} // namespace Quenda::Workbench

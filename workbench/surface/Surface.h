@@ -9,6 +9,8 @@
 
 class QMenuBar;
 
+namespace Quenda::Workbench {
+
 /** The two presentations of the tools, of which a host has one at a time. The keypad is in both. */
 enum class Presentation { ToolBoxes, ToolBars };
 
@@ -58,3 +60,5 @@ private:
     quint32 code = everyState;
     Presentation shown = Presentation::ToolBoxes;
 };
+
+} // namespace Quenda::Workbench

@@ -6,6 +6,8 @@
 #include <QGridLayout>
 #include <QPainter>
 
+namespace Quenda::Workbench {
+
 ToolButton::ToolButton(const ToolDocument::Item &tool, const ToolDocument &document)
 {
     const XmlElement *module = document.module(tool.module);
@@ -91,3 +93,5 @@ void ToolBoxGrid::showAvailable(quint32 state)
     grid->setRowStretch(grid->rowCount(), 1);
     updateGeometry();
 }
+
+} // namespace Quenda::Workbench

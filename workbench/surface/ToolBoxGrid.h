@@ -5,6 +5,8 @@
 #include <QScrollArea>
 #include <QToolButton>
 
+namespace Quenda::Workbench {
+
 /** A button for a tool or a key. It shows the keyboard's focus, whatever its style sheet says. */
 class ToolButton : public QToolButton
 {
@@ -40,3 +42,5 @@ private:
     const bool hasKeys;
     QVector<QWidget *> widgets; // one for each item
 };
+
+} // namespace Quenda::Workbench

@@ -54,24 +54,26 @@ void failAtMessage(QtMsgType, const QMessageLogContext &, const QString &message
 }
 
 // Every place within the text, and at what it belongs to.
-void checkPlaces(const QString &text, const XmlElement &element)
+void checkPlaces(const QByteArray &content, const XmlElement &element)
 {
-    require(text.midRef(element.offset).startsWith(QLatin1Char('<') + element.name),
-            "the place of the element", element.name);
+    const auto stands = [&content](const QString &text, int offset) {
+        return content.mid(offset).startsWith(text.toUtf8());
+    };
+    require(stands(QLatin1Char('<') + element.name, element.offset), "the place of the element",
+            element.name);
     for (const XmlAttribute &attribute : element.attributes)
-        require(attribute.offset > element.offset
-                    && text.midRef(attribute.offset).startsWith(attribute.name),
+        require(attribute.offset > element.offset && stands(attribute.name, attribute.offset),
                 "the place of the attribute", attribute.name);
     require(element.textOffset == -1
-                || (element.textOffset > element.offset && element.textOffset < text.size()),
+                || (element.textOffset > element.offset && element.textOffset < content.size()),
             "the place of the text of", element.name);
     for (const XmlElement &child : element.children)
-        checkPlaces(text, child);
+        checkPlaces(content, child);
 }
 
 void checkPlaces(const XmlDocument &xml, const QVector<Finding> &findings)
 {
-    const QStringList lines = xml.text.split(QLatin1Char('\n'));
+    const QStringList lines = QString::fromUtf8(xml.content).split(QLatin1Char('\n'));
     for (const Finding &finding : findings) {
         const auto &[line, column] = finding.position;
         require(line >= 1 && line <= lines.size() && column >= 1
@@ -87,7 +89,7 @@ void checkPlaces(const XmlDocument &xml, const QVector<Finding> &findings)
 void checkEntries(const XmlDocument &xml)
 {
     Quenda::Kit::AppDataParser parser;
-    parser.visit(xml.text);
+    parser.visit(QString::fromUtf8(xml.content));
     require(parser.error().isEmpty(), "the application reads entries:", parser.error());
     const EntryDocument document = EntryDocument::read(xml);
     QMap<QString, QString> entries;
@@ -143,7 +145,7 @@ void checkMenu(const Widget &widget, const MenuDocument::Menu &menu)
 void checkMenus(const Document &document)
 {
     const MenuDocument menus = MenuDocument::read(document.xml);
-    const std::unique_ptr<QMenuBar> bar(loadMenuBar(document.xml.text));
+    const std::unique_ptr<QMenuBar> bar(loadMenuBar(document.xml.content));
     require(bar != nullptr, "a menu bar");
     checkMenu(*bar, menus.bar);
     for (const MenuDocument::Object &action : menus.actions) {
@@ -184,11 +186,10 @@ void checkTools(const Document &document, const HostState &state)
     static const Document noMenus {
         DocumentKind::Menus,
         {},
-        true,
         XmlDocument::fromBytes("<ui version=\"4.0\"><class>menubar</class>"
                                "<widget class=\"QMenuBar\" name=\"menubar\"/></ui>")};
     const ToolDocument tools = ToolDocument::read(document.xml);
-    Surface surface(document, noMenus);
+    Surface surface({document, noMenus});
     const auto docks = surface.findChildren<QDockWidget *>();
     const auto bars = surface.findChildren<QToolBar *>();
     require(docks.size() == tools.toolBoxes.size() + tools.keypads.size()
@@ -219,7 +220,7 @@ void checkTools(const Document &document, const HostState &state)
 }
 
 // What holds of a document in which no error was found.
-void checkCorrect(const std::vector<Document> &documents, const HostState &state)
+void checkCorrect(const Documents &documents, const HostState &state)
 {
     outlineOf(documents);
     switch (documents.front().kind) {
@@ -259,12 +260,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const HostState &state = states.at(static_cast<int>(size / 3) % states.size());
 
     const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<int>(size));
-    std::vector<Document> documents;
-    documents.push_back({DocumentKind::Tools, {}, true, XmlDocument::fromBytes(bytes)});
-    Document &document = documents.front();
-    document.kind = documentKind({}, document.xml);
+    const DocumentKind kind = bytes.contains("<ui")      ? DocumentKind::Menus
+                              : bytes.contains("<entry") ? DocumentKind::Entries
+                                                         : DocumentKind::Tools;
+    const Documents documents {{kind, {}, XmlDocument::fromBytes(bytes)}};
+    const Document &document = documents.front();
     if (document.xml.error.text.isEmpty())
-        checkPlaces(document.xml.text, document.xml.root);
+        checkPlaces(document.xml.content, document.xml.root);
     const QVector<Finding> findings = checkDocument(document, product);
     checkPlaces(document.xml, findings);
     if (!hasErrors(findings)) {

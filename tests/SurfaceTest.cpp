@@ -1,5 +1,6 @@
 #include "surface/Surface.h"
 #include "StringLiterals.h"
+#include "document/Place.h"
 #include "surface/Picture.h"
 
 #include <QDockWidget>
@@ -17,15 +18,15 @@ using namespace Quenda::Workbench;
 
 namespace {
 
-std::vector<Document> builtIn(const QString &product)
+Documents builtIn(const QString &product)
 {
     QString error;
-    return *Place::find(product, Place::Wanted::Product, &error)->read(&error);
+    return Place::find(product, &error)->read();
 }
 
-std::unique_ptr<Surface> surface(const std::vector<Document> &documents)
+std::unique_ptr<Surface> surface(const Documents &documents)
 {
-    auto window = std::make_unique<Surface>(documents.at(1), documents.at(2));
+    auto window = std::make_unique<Surface>(documents);
     window->show();
     return window;
 }
@@ -33,7 +34,7 @@ std::unique_ptr<Surface> surface(const std::vector<Document> &documents)
 // A made-up tool document beside a product's menu document.
 std::unique_ptr<Surface> surface(const QByteArray &elements)
 {
-    std::vector<Document> documents = builtIn(u"lorvan"_s);
+    Documents documents = builtIn(u"lorvan"_s);
     documents.at(1).xml =
         XmlDocument::fromBytes("<quendaconfig xmlns:xlink=\"http://www.w3.org/1999/xlink\">"
                                "<module id=\"m\" path=\"%LIBRARY%/M\"/>"
@@ -208,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(action("actionEditClear")->shortcut(), QKeySequence(Qt::Key_Delete));
         // Ctrl+Q ends the preview, not what the document means.
         QCOMPARE(action("actionFileQuit")->shortcutContext(), Qt::WidgetShortcut);
-        QVERIFY(!loadMenuBar(u"<ui version='4.0'><widget class='QWidget' name='w'/></ui>"_s));
+        QVERIFY(!loadMenuBar("<ui version='4.0'><widget class='QWidget' name='w'/></ui>"));
     }
 
     // As large as the state needs, with the menu that was asked for in its place.

@@ -10,7 +10,7 @@ Status checkCommand(const QStringList &places, const QCommandLineParser &)
     std::size_t documents = 0;
     Status status = NothingWrong;
     for (const QString &name : places.isEmpty() ? Place::builtInProducts() : places) {
-        const auto loaded = loadPlace(name, Place::Wanted::Documents);
+        const auto loaded = loadPlace(name);
         if (!loaded) {
             status = NotDone;
             continue;

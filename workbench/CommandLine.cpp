@@ -8,22 +8,41 @@
 
 namespace Quenda::Workbench {
 
-std::optional<LoadedPlace> loadPlace(const QString &name, Place::Wanted wanted)
+namespace {
+
+std::optional<Place> findPlace(const QString &name)
 {
     QString error;
-    const auto place = Place::find(name, wanted, &error);
-    auto documents = place ? place->read(&error) : std::nullopt;
-    if (!documents) {
+    auto place = Place::find(name, &error);
+    if (!place)
         failWith(error);
+    return place;
+}
+
+} // namespace
+
+std::optional<Place> findProduct(const QString &name)
+{
+    auto place = findPlace(name);
+    if (!place || place->isProduct())
+        return place;
+    fail("\"%1\" is one document; expected a product's folder or id", name);
+    return std::nullopt;
+}
+
+std::optional<LoadedPlace> loadPlace(const QString &name)
+{
+    const auto place = findPlace(name);
+    if (!place)
         return std::nullopt;
-    }
-    const QVector<Finding> findings = checkDocuments(*documents, place->product);
-    return LoadedPlace {*place, std::move(*documents), findings};
+    Documents documents = place->read();
+    const QVector<Finding> findings = checkDocuments(documents, place->product);
+    return LoadedPlace {*place, std::move(documents), findings};
 }
 
 std::optional<LoadedPlace> loadCorrectProduct(const QString &name, Status *status)
 {
-    auto loaded = loadPlace(name, Place::Wanted::Product);
+    auto loaded = findProduct(name) ? loadPlace(name) : std::nullopt;
     *status = !loaded ? NotDone : hasErrors(loaded->findings) ? ErrorsFound : NothingWrong;
     if (*status == ErrorsFound)
         std::fputs(qPrintable(reportOf(loaded->findings, loaded->documents.size())), stderr);

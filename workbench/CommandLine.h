@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "check/Check.h"
+#include "document/Place.h"
 
 #include <optional>
 
@@ -11,12 +12,15 @@ namespace Quenda::Workbench {
 struct LoadedPlace
 {
     Place place;
-    std::vector<Document> documents;
+    Documents documents;
     QVector<Finding> findings;
 };
 
-/** Reads and checks a place; says on standard error why it cannot be read. */
-std::optional<LoadedPlace> loadPlace(const QString &name, Place::Wanted wanted);
+/** Finds, reads and checks a place; says on standard error why there is none. */
+std::optional<LoadedPlace> loadPlace(const QString &name);
+
+/** Finds a whole product; says on standard error why there is none. */
+std::optional<Place> findProduct(const QString &name);
 
 /**
  * The same for a whole product without an error. Otherwise @p status is what the command ends with,

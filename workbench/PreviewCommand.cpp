@@ -9,10 +9,9 @@ Status previewCommand(const QStringList &places, const QCommandLineParser &)
 {
     if (QGuiApplication::platformName() == QLatin1String("offscreen"))
         return fail("preview needs a display; screenshot does without");
-    QString error;
-    const auto place = Place::find(places.constFirst(), Place::Wanted::Product, &error);
+    const auto place = findProduct(places.constFirst());
     if (!place)
-        return failWith(error);
+        return NotDone;
     useLightStyle();
     PreviewWindow window(*place);
     window.show();

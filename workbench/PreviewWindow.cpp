@@ -114,26 +114,24 @@ void PreviewWindow::watch()
     if (place.isBuiltIn())
         return;
     QStringList paths {place.folder};
-    std::copy_if(place.files.begin(), place.files.end(), std::back_inserter(paths),
-                 [](const QString &path) { return QFileInfo::exists(path); });
+    for (DocumentKind kind : place.kinds)
+        if (QFileInfo::exists(place.pathOf(kind)))
+            paths += place.pathOf(kind);
     watcher.addPaths(paths);
 }
 
 void PreviewWindow::reload()
 {
     watch(); // before reading, so that nothing is missed between
-    QString error;
-    const auto documents = place.read(&error);
-    const QVector<Finding> findings =
-        documents ? checkDocuments(*documents, place.product)
-                  : QVector<Finding> {{Finding::Error, place.folder, {}, error}};
+    const Documents documents = place.read();
+    const QVector<Finding> findings = checkDocuments(documents, place.product);
     showFindings(findings);
     if (hasErrors(findings)) {
         layers->setCurrentWidget(veil);
         return;
     }
 
-    auto *built = new Surface(documents->at(1), documents->at(2));
+    auto *built = new Surface(documents);
     built->setWindowFlags(Qt::Widget);
     if (surface) {
         built->setClosedPanels(surface->closedPanels());

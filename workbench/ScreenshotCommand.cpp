@@ -63,7 +63,7 @@ Status screenshotCommand(const QStringList &placeAndFile, const QCommandLinePars
     }
     const int state = stateName.isEmpty() ? 0 : choose("state", stateName, stateNames);
     useLightStyle();
-    Surface surface(loaded->documents.at(1), loaded->documents.at(2));
+    Surface surface(loaded->documents);
     const auto menus = surface.menuBar()->findChildren<QMenu *>();
     QStringList menuNames;
     for (const QMenu *menu : menus)

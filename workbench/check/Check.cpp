@@ -46,7 +46,7 @@ void checkContent(const Document &document, const QString &product, Findings &fi
 
     QDomDocument dom;
     QString message;
-    if (!dom.setContent(document.xml.text, &message))
+    if (!dom.setContent(QString::fromUtf8(document.xml.content), &message))
         return findings.error(document.xml.root.offset, "applications cannot read it: %1", message);
     checkAgreement(document.xml.root, dom.documentElement(), findings);
     if (document.kind == DocumentKind::Entries)
@@ -60,9 +60,7 @@ void checkContent(const Document &document, const QString &product, Findings &fi
 QVector<Finding> checkDocument(const Document &document, const QString &product)
 {
     Findings findings(document);
-    if (!document.exists)
-        findings.error(0, "there is no such document; a product needs all three");
-    else if (!document.xml.error.text.isEmpty())
+    if (!document.xml.error.text.isEmpty())
         findings.error(document.xml.error.offset, "%1", document.xml.error.text);
     else
         checkContent(document, product, findings);
@@ -74,7 +72,7 @@ QVector<Finding> checkDocument(const Document &document, const QString &product)
     return findings.list;
 }
 
-QVector<Finding> checkDocuments(const std::vector<Document> &documents, const QString &product)
+QVector<Finding> checkDocuments(const Documents &documents, const QString &product)
 {
     QVector<Finding> findings;
     for (const Document &document : documents)

@@ -16,7 +16,7 @@ namespace Quenda::Workbench {
 QVector<Finding> checkDocument(const Document &document, const QString &product);
 
 /** The same for all documents of a place. */
-QVector<Finding> checkDocuments(const std::vector<Document> &documents, const QString &product);
+QVector<Finding> checkDocuments(const Documents &documents, const QString &product);
 
 /** Whether an error is among them; warnings are none. */
 bool hasErrors(const QVector<Finding> &findings);

@@ -36,7 +36,7 @@ QString Finding::line() const
 
 void Findings::add(Finding::Severity severity, int offset, const QString &text)
 {
-    list.append({severity, document.path, positionOf(document.xml.text, offset), text});
+    list.append({severity, document.path, positionOf(document.xml.content, offset), text});
 }
 
 QString meantName(const QString &name, const QStringList &names)

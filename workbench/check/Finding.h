@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/Place.h"
+#include "document/Document.h"
 #include "document/Text.h"
 
 #include <QSet>

@@ -158,7 +158,7 @@ private:
             findings.error(value.offsetOfText(),
                            "the icon's path is \"%1\" behind <normaloff> and \"%2\" in it; "
                            "expected the same twice",
-                           value.text, file->text);
+                           value.text.trimmed(), file->text);
     }
 
     // Whether what is missed may be there, but is wrong.

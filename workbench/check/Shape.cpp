@@ -300,21 +300,20 @@ void checkProlog(const Document &document, Findings &findings)
     if (document.kind == DocumentKind::Tools) {
         if (!xml.version.isEmpty())
             findings.error(0, "an XML declaration; a tool document has none");
-        const auto other = std::find_if(xml.text.begin(), xml.text.end(),
-                                        [](QChar c) { return c.unicode() > 0x7f; });
-        if (other != xml.text.end())
-            findings.error(static_cast<int>(other - xml.text.begin()),
-                           "\"%1\" is not ASCII; expected plain ASCII in a tool document",
-                           QString(*other));
+        const auto other = std::find_if(xml.content.begin(), xml.content.end(),
+                                        [](char c) { return (c & 0x80) != 0; });
+        const int offset = static_cast<int>(other - xml.content.begin());
+        const QVector<uint> rest = QString::fromUtf8(xml.content.mid(offset, 4)).toUcs4();
+        if (!rest.isEmpty())
+            findings.error(offset, "\"%1\" is not ASCII; expected plain ASCII in a tool document",
+                           QString::fromUcs4(&rest.first(), 1));
     } else if (xml.version != QLatin1String("1.0")
                || xml.encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) != 0) {
         findings.error(0, "expected an XML declaration, of version 1.0 and in UTF-8");
     }
 
-    static const QRegularExpression entryType(
-        QStringLiteral("\\A<!DOCTYPE\\s+quendaconfig\\s*>\\z"));
     const bool isEntries = document.kind == DocumentKind::Entries;
-    if (isEntries ? !entryType.match(xml.documentType).hasMatch() : !xml.documentType.isEmpty())
+    if (isEntries ? xml.documentType != QLatin1String("quendaconfig") : !xml.documentType.isEmpty())
         findings.error(xml.documentType.isEmpty() ? xml.root.offset : xml.documentTypeOffset,
                        isEntries ? "expected the document type line <!DOCTYPE quendaconfig>"
                                  : "a document type; expected none");

@@ -45,7 +45,7 @@ public:
 private:
     int lineOf(const XmlElement &element) const
     {
-        return positionOf(document.xml.text, element.offset).line;
+        return positionOf(document.xml.content, element.offset).line;
     }
 
     void checkUnique(QSet<QString> &seen, const XmlElement &element, const char *what,

@@ -12,7 +12,11 @@ namespace Quenda::Workbench {
 
 namespace {
 
-constexpr const char *fileNames[] {"confs.xml", "tools.xml", "menus.xml"}; // by DocumentKind
+// In the order of DocumentKind.
+QStringList fileNames()
+{
+    return {QStringLiteral("confs.xml"), QStringLiteral("tools.xml"), QStringLiteral("menus.xml")};
+}
 
 } // namespace
 
@@ -22,68 +26,55 @@ QStringList Place::builtInProducts()
     return QDir(QStringLiteral(":/widgets")).entryList(QDir::Dirs);
 }
 
-std::optional<Place> Place::find(const QString &name, Wanted wanted, QString *error)
+std::optional<Place> Place::find(const QString &name, QString *error)
 {
     const auto refuse = [error](const QString &text) {
         *error = text;
         return std::nullopt;
     };
-    Place place;
     const QFileInfo info(name);
-    if (name.isEmpty() || !info.exists()) {
-        place.product = name.toLower();
-        place.folder = QStringLiteral(":/widgets/") + place.product;
-        if (!builtInProducts().contains(place.product))
+    Place place {QDir(info.absoluteFilePath()).dirName().toLower(),
+                 name,
+                 {DocumentKind::Entries, DocumentKind::Tools, DocumentKind::Menus}};
+    if (info.isFile()) {
+        const int kind = fileNames().indexOf(info.fileName());
+        if (kind < 0)
+            return refuse(compose("\"%1\" is no document; expected %2", name, listed(fileNames())));
+        return Place {info.absoluteDir().dirName().toLower(), info.path(), {place.kinds.at(kind)}};
+    }
+    if (name.isEmpty() || !info.isDir()) {
+        if (!builtInProducts().contains(name.toLower()))
             return refuse(compose("there is no \"%1\"; expected a product's folder, a document in "
                                   "one, or a product: %2",
                                   name, listed(builtInProducts())));
-    } else if (info.isDir()) {
-        place.folder = QDir::cleanPath(name);
-        place.product = QDir(info.absoluteFilePath()).dirName().toLower();
-    } else if (wanted == Wanted::Product) {
-        return refuse(compose("\"%1\" is one document; expected a product's folder or id", name));
-    } else {
-        place.folder = info.path();
-        place.product = info.absoluteDir().dirName().toLower();
-        place.files += name;
-        return place;
+        place.product = name.toLower();
+        place.folder = QStringLiteral(":/widgets/") + place.product;
     }
-
-    for (const char *file : fileNames)
-        place.files += place.folder + QLatin1Char('/') + QLatin1String(file);
-    if (std::none_of(place.files.cbegin(), place.files.cend(),
-                     qOverload<const QString &>(&QFile::exists)))
-        return refuse(compose(
-            "\"%1\" holds no documents; expected confs.xml, tools.xml and menus.xml", name));
+    if (std::none_of(place.kinds.cbegin(), place.kinds.cend(),
+                     [&place](DocumentKind kind) { return QFile::exists(place.pathOf(kind)); }))
+        return refuse(compose("\"%1\" holds none of %2", name, listed(fileNames())));
     return place;
 }
 
-std::optional<std::vector<Document>> Place::read(QString *error) const
+QString Place::pathOf(DocumentKind kind) const
 {
-    std::vector<Document> documents;
-    for (const QString &path : files) {
-        QFile file(path);
-        if (file.exists() && !file.open(QIODevice::ReadOnly)) {
-            *error = compose("cannot read %1: %2", path, file.errorString());
-            return std::nullopt;
-        }
-        Document document {DocumentKind::Tools, path, file.isOpen(), {}};
-        if (document.exists)
+    return QDir::cleanPath(folder + QLatin1Char('/') + fileNames().at(static_cast<int>(kind)));
+}
+
+Documents Place::read() const
+{
+    Documents documents;
+    for (DocumentKind kind : kinds) {
+        Document document {kind, pathOf(kind), {}};
+        QFile file(document.path);
+        if (file.open(QIODevice::ReadOnly))
             document.xml = XmlDocument::fromBytes(file.readAll());
-        document.kind = documentKind(path, document.xml);
+        else
+            document.xml.error.text = compose(
+                "cannot be read: %1; a product needs all three documents", file.errorString());
         documents.push_back(std::move(document));
     }
     return documents;
-}
-
-DocumentKind documentKind(const QString &path, const XmlDocument &xml)
-{
-    for (DocumentKind kind : {DocumentKind::Entries, DocumentKind::Tools, DocumentKind::Menus})
-        if (QFileInfo(path).fileName() == QLatin1String(fileNames[static_cast<int>(kind)]))
-            return kind;
-    if (xml.root.is("ui"))
-        return DocumentKind::Menus;
-    return xml.root.child("entry") ? DocumentKind::Entries : DocumentKind::Tools;
 }
 
 } // namespace Quenda::Workbench

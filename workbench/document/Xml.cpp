@@ -2,8 +2,10 @@
 
 #include "document/Text.h"
 
-#include <QRegularExpression>
-#include <QXmlStreamReader>
+#include <expat.h>
+
+#include <cstring>
+#include <memory>
 
 namespace Quenda::Workbench {
 
@@ -12,201 +14,183 @@ namespace {
 // Deeper than any real document; QDomDocument recurses and would overflow the stack.
 constexpr int maximumDepth = 100;
 
-int skipBlanks(const QString &text, int offset)
+// White space as XML has it; Qt knows more.
+constexpr bool isBlank(ushort character)
 {
-    while (offset < text.size() && text.at(offset).isSpace())
+    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
+int skipBlanks(const QByteArray &content, int offset)
+{
+    while (isBlank(static_cast<uchar>(content.at(offset))))
         ++offset;
     return offset;
 }
 
-// Where a token's markup begins. The reader may be one or two characters into it already.
-int markupOffset(const QString &text, int readerOffset)
+// The attributes of a well-formed start tag; names and values alternate in @p list.
+QVector<XmlAttribute> attributesOf(const QByteArray &content, int nameEnd, const char **list)
 {
-    const int bracket = text.lastIndexOf(QLatin1Char('<'), readerOffset);
-    if (bracket >= 0 && readerOffset - bracket <= 2
-        && !text.midRef(bracket, readerOffset - bracket).contains(QLatin1Char('>')))
-        return bracket;
-    return skipBlanks(text, readerOffset);
-}
-
-struct StartTag
-{
-    QVector<int> attributes; // where each begins
-    int fault = -1; // where the first begins that is not well-formed, or stands twice
-};
-
-StartTag scanStartTag(const QString &text, int tag)
-{
-    static const QRegularExpression name(QStringLiteral("<[^ \\t\\r\\n<>/=\"']+"));
-    static const QRegularExpression attribute(QStringLiteral(
-        "[ \\t\\r\\n]+([^ \\t\\r\\n<>/=\"']+)[ \\t\\r\\n]*=[ \\t\\r\\n]*(\"[^\"<]*\"|'[^'<]*')"));
-    static const QRegularExpression end(QStringLiteral("[ \\t\\r\\n]*/?>"));
-    const auto matchAt = [&text](const QRegularExpression &pattern, int offset) {
-        return pattern.match(text, offset, QRegularExpression::NormalMatch,
-                             QRegularExpression::AnchoredMatchOption
-                                 | QRegularExpression::DontCheckSubjectStringMatchOption);
-    };
-
-    StartTag result;
-    QStringList names;
-    int offset = matchAt(name, tag).capturedEnd();
-    if (offset < 0)
-        return result;
-    for (auto match = matchAt(attribute, offset); match.hasMatch();
-         match = matchAt(attribute, offset)) {
-        if (names.contains(match.captured(1)) && result.fault < 0)
-            result.fault = match.capturedStart(1);
-        names += match.captured(1);
-        result.attributes += match.capturedStart(1);
-        offset = match.capturedEnd();
+    QVector<XmlAttribute> attributes;
+    for (int offset = nameEnd; *list; list += 2) {
+        offset = skipBlanks(content, offset);
+        attributes.append({QString::fromUtf8(list[0]), QString::fromUtf8(list[1]), offset});
+        const int quote = skipBlanks(content, content.indexOf('=', offset) + 1);
+        offset = content.indexOf(content.at(quote), quote + 1) + 1;
     }
-    if (result.fault < 0 && !matchAt(end, offset).hasMatch())
-        result.fault = skipBlanks(text, offset);
-    return result;
+    return attributes;
 }
 
 class Reader
 {
 public:
-    explicit Reader(XmlDocument &filled) : document(filled), text(filled.text), xml(filled.text)
+    explicit Reader(XmlDocument &filled)
+        : document(filled), parser(XML_ParserCreate("UTF-8"), XML_ParserFree)
     {
-        xml.setNamespaceProcessing(false);
+        XML_SetUserData(parser.get(), this);
+        XML_SetXmlDeclHandler(parser.get(),
+                              [](void *self, const char *version, const char *encoding, int) {
+                                  reader(self).document.version = QString::fromUtf8(version);
+                                  reader(self).document.encoding = QString::fromUtf8(encoding);
+                              });
+        XML_SetStartDoctypeDeclHandler(parser.get(), [](void *self, const char *name,
+                                                        const char *system, const char *publicId,
+                                                        int hasSubset) {
+            reader(self).documentType(name, system || publicId || hasSubset);
+        });
+        XML_SetElementHandler(
+            parser.get(),
+            [](void *self, const char *name, const char **attributes) {
+                reader(self).startElement(name, attributes);
+            },
+            [](void *self, const char *) { reader(self).endElement(); });
+        XML_SetCharacterDataHandler(parser.get(), [](void *self, const char *text, int size) {
+            reader(self).addText(QString::fromUtf8(text, size));
+        });
+        XML_SetStartCdataSectionHandler(parser.get(), [](void *self) { reader(self).startText(); });
     }
 
     void read()
     {
-        while (!xml.atEnd() && document.error.text.isEmpty()) {
-            before = static_cast<int>(xml.characterOffset());
-            readToken(xml.readNext());
-        }
+        const bool isRead =
+            XML_Parse(parser.get(), document.content.constData(), document.content.size(), XML_TRUE)
+            == XML_STATUS_OK;
+        if (!isRead && document.error.text.isEmpty())
+            document.error = notWellFormed(here());
     }
 
 private:
-    void readToken(QXmlStreamReader::TokenType token)
+    static Reader &reader(void *self) { return *static_cast<Reader *>(self); }
+
+    int here() const { return static_cast<int>(XML_GetCurrentByteIndex(parser.get())); }
+
+    void stop(int offset, const QString &why)
     {
-        switch (token) {
-        case QXmlStreamReader::StartDocument:
-            document.version = xml.documentVersion().toString();
-            document.encoding = xml.documentEncoding().toString();
-            break;
-        case QXmlStreamReader::DTD:
-            document.documentType = xml.text().toString().trimmed();
-            document.documentTypeOffset = markupOffset(text, before);
-            if (document.documentType.contains(QLatin1Char('[')))
-                document.error = {
-                    document.documentTypeOffset,
-                    compose("a document type with an internal subset; expected none")};
-            break;
-        case QXmlStreamReader::StartElement:
-            startElement(markupOffset(text, before));
-            break;
-        case QXmlStreamReader::EndElement: {
-            XmlElement done = std::move(open.back());
-            open.pop_back();
-            if (open.empty())
-                document.root = std::move(done);
-            else
-                open.back().children.push_back(std::move(done));
-            break;
-        }
-        case QXmlStreamReader::Characters:
-            if (!open.empty() && (xml.isCDATA() || !xml.isWhitespace()))
-                addText(open.back());
-            break;
-        case QXmlStreamReader::Invalid:
-            setError();
-            break;
-        default:
-            break;
-        }
+        document.error = {offset, why};
+        XML_StopParser(parser.get(), XML_FALSE);
     }
 
-    void startElement(int offset)
+    void documentType(const char *name, bool hasMore)
     {
-        if (open.size() == maximumDepth) {
-            document.error = {
-                offset, compose("nested deeper than %1 elements; expected less", maximumDepth)};
-            return;
-        }
+        document.documentType = QString::fromUtf8(name);
+        document.documentTypeOffset = document.content.lastIndexOf("<!", here());
+        if (hasMore)
+            stop(document.documentTypeOffset,
+                 compose("a document type with an identifier or a subset; expected its name only"));
+    }
+
+    void startElement(const char *name, const char **attributes)
+    {
+        if (open.size() == maximumDepth)
+            return stop(here(),
+                        compose("nested deeper than %1 elements; expected less", maximumDepth));
         XmlElement element;
-        element.name = xml.qualifiedName().toString();
-        element.offset = offset;
-        const StartTag tag = scanStartTag(text, offset);
-        const QXmlStreamAttributes attributes = xml.attributes();
-        for (int i = 0; i < attributes.size(); ++i)
-            element.attributes.append({attributes.at(i).qualifiedName().toString(),
-                                       attributes.at(i).value().toString(),
-                                       tag.attributes.value(i, offset)});
+        element.name = QString::fromUtf8(name);
+        element.offset = here();
+        element.attributes = attributesOf(
+            document.content, here() + 1 + static_cast<int>(std::strlen(name)), attributes);
         open.push_back(std::move(element));
     }
 
-    void addText(XmlElement &element)
+    void endElement()
     {
-        if (element.textOffset < 0)
-            element.textOffset =
-                xml.isCDATA() ? markupOffset(text, before) : skipBlanks(text, before);
-        element.text += xml.text();
-    }
-
-    bool isAt(int offset, const char *markup) const
-    {
-        return text.midRef(offset).startsWith(QLatin1String(markup));
-    }
-
-    // Where what is wrong begins, as far as that can be told from where the reader stopped.
-    int errorOffset(int token) const
-    {
-        const int stop = static_cast<int>(xml.characterOffset());
-        const int bracket = text.lastIndexOf(QLatin1Char('<'), stop - 1);
-        const int ampersand = text.lastIndexOf(QLatin1Char('&'), stop - 1);
-        if (isAt(token, "<!--") || isAt(token, "<![CDATA[") || isAt(token, "</"))
-            return token;
-        if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError)
-            return text.size();
-        if (const int fault = scanStartTag(text, token).fault; fault >= 0)
-            return fault;
-        if (xml.errorString().startsWith(QLatin1String("Entity")) // read to its end already
-            || (ampersand >= before
-                && !text.midRef(ampersand, stop - 1 - ampersand).contains(QLatin1Char(';'))))
-            return ampersand;
+        XmlElement done = std::move(open.back());
+        open.pop_back();
+        if (done.textOffset < 0)
+            done.text.clear();
         if (open.empty())
-            return text.leftRef(token).contains(QLatin1Char('<')) ? token : skipBlanks(text, 0);
-        if (stop - bracket <= 2)
-            return bracket;
-        return stop - (text.leftRef(stop).endsWith(QLatin1String("]]>")) ? 3 : 1);
+            document.root = std::move(done);
+        else
+            open.back().children.push_back(std::move(done));
     }
 
-    QString errorText(int token, bool isCut) const
+    void startText()
     {
-        if (isAt(token, "<!--"))
-            return compose("a comment is not closed, or holds \"--\"");
-        if (isCut)
-            return isAt(token, "<![CDATA[") ? compose("a CDATA section is not closed")
-                                            : compose("the document ends too early");
-        const QString message = xml.errorString();
-        return message.endsWith(QLatin1Char('.')) ? message.chopped(1) : message;
+        if (open.back().textOffset < 0)
+            open.back().textOffset = here();
     }
 
-    void setError()
+    void addText(const QString &text)
     {
-        const bool isCut = xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
-        const int token = markupOffset(text, before);
-        QString what = compose("not well-formed: %1", errorText(token, isCut));
-        if (!open.empty()) {
-            const Position opened = positionOf(text, open.back().offset);
-            what += compose("; <%1> is open, since line %2, column %3", open.back().name,
-                            opened.line, opened.column);
-            if (isCut || isAt(token, "</"))
-                what += compose("; expected </%1>", open.back().name);
-        }
-        document.error = {errorOffset(token), what};
+        XmlElement &element = open.back();
+        if (element.textOffset < 0
+            && !std::all_of(text.begin(), text.end(), [](QChar c) { return isBlank(c.unicode()); }))
+            element.textOffset = skipBlanks(document.content, here());
+        element.text += text;
+    }
+
+    XmlError notWellFormed(int offset) const
+    {
+        const XML_Error code = XML_GetErrorCode(parser.get());
+        XmlError error {offset, QString::fromUtf8(XML_ErrorString(code))};
+        if (code == XML_ERROR_INVALID_TOKEN)
+            error = invalidToken(offset);
+        else if (code == XML_ERROR_UNCLOSED_TOKEN)
+            error.text = compose("what begins here is not closed");
+        else if (code == XML_ERROR_TAG_MISMATCH) // found at the name
+            error = {offset - 2, compose("expected </%1>", open.back().name)};
+        else if (code == XML_ERROR_NO_ELEMENTS)
+            error.text = compose("the document ends too early");
+
+        error.text.prepend(QLatin1String("not well-formed: "));
+        if (open.empty())
+            return error;
+        const Position opened = positionOf(document.content, open.back().offset);
+        error.text += compose("; <%1> is open, since line %2, column %3", open.back().name,
+                              opened.line, opened.column);
+        return error;
+    }
+
+    // Says what people meet most often, where the parser sees a wrong character only.
+    XmlError invalidToken(int offset) const
+    {
+        const QByteArray before = document.content.left(offset);
+        const QString rest = QString::fromUtf8(document.content.mid(offset, 8));
+        const auto byte = static_cast<uchar>(document.content.at(offset));
+        const int tag = before.lastIndexOf('<');
+        const int ampersand = before.lastIndexOf('&');
+        if (offset == 0 && byte >= 0xfe)
+            return {offset, compose("UTF-16; expected UTF-8")};
+        if (byte == 0)
+            return {offset, compose("a zero byte, behind which a host reads nothing")};
+        if (rest.startsWith(QChar::ReplacementCharacter))
+            return {offset, compose("the byte 0x%1 is not UTF-8; expected UTF-8",
+                                    QString::number(byte, 16))};
+        if (tag >= 0 && tag == offset - 1)
+            return {tag, compose("\"<\" begins no tag; expected \"&lt;\" for the character")};
+        if (before.mid(tag).startsWith("<!--"))
+            return {offset - 2, compose("\"--\" in a comment")};
+        if (ampersand > tag && !before.mid(ampersand).contains(';'))
+            return {ampersand, compose("a lone \"&\"; expected \"&amp;\" for the character")};
+        if (tag > before.lastIndexOf('>'))
+            return {offset, compose("\"%1\" in the tag of line %2; expected a quotation mark or "
+                                    "\">\" before it",
+                                    rest.left(1), positionOf(before, tag).line)};
+        return {offset, compose("\"%1\" is not allowed here", rest.left(1))};
     }
 
     XmlDocument &document;
-    const QString &text;
-    QXmlStreamReader xml;
+    const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser;
     std::vector<XmlElement> open;
-    int before = 0; // where the present token begins, or the one before ended
 };
 
 } // namespace
@@ -235,35 +219,19 @@ const XmlElement *XmlElement::child(const char *childName) const
 
 XmlDocument XmlDocument::fromBytes(const QByteArray &content)
 {
-    const char *const byteOrderMark = "\xef\xbb\xbf";
-    const QByteArray bytes = content.mid(content.startsWith(byteOrderMark) ? 3 : 0);
     XmlDocument document;
-    document.text = QString::fromUtf8(bytes.constData(), bytes.size());
-    // Qt has put another character in the place of the first byte that is not UTF-8.
-    const QByteArray read = document.text.toUtf8();
-    int valid = 0;
-    while (valid < bytes.size() && valid < read.size() && bytes.at(valid) == read.at(valid))
-        ++valid;
-    while (valid < bytes.size() && valid > 0 && (read.at(valid) & 0xc0) == 0x80)
-        --valid; // to that character's own first byte
-    if (valid < bytes.size())
-        document.error = {QString::fromUtf8(bytes.left(valid)).size(),
-                          compose("the byte 0x%1 is not UTF-8; expected UTF-8",
-                                  QString::number(static_cast<uchar>(bytes.at(valid)), 16))};
-    else if (const int zero = document.text.indexOf(QChar(0)); zero >= 0)
-        document.error = {zero,
-                          compose("a zero byte, behind which a host reads nothing; expected text")};
-    else
-        Reader(document).read();
+    document.content = content.startsWith("\xef\xbb\xbf") ? content.mid(3) : content;
+    Reader(document).read();
     return document;
 }
 
-Position positionOf(const QString &text, int offset)
+Position positionOf(const QByteArray &content, int offset)
 {
-    const QStringRef before = text.leftRef(offset);
-    const int lineStart = before.lastIndexOf(QLatin1Char('\n')) + 1;
-    const QVector<uint> characters = before.mid(lineStart).toUcs4();
-    return {static_cast<int>(before.count(QLatin1Char('\n'))) + 1, characters.size() + 1};
+    const QByteArray before = content.left(offset);
+    const auto lineStart = before.begin() + before.lastIndexOf('\n') + 1;
+    const auto startsCharacter = [](char byte) { return (byte & 0xc0) != 0x80; };
+    return {before.count('\n') + 1,
+            static_cast<int>(std::count_if(lineStart, before.end(), startsCharacter)) + 1};
 }
 
 } // namespace Quenda::Workbench

@@ -26,14 +26,14 @@ struct XmlAttribute
     int offset;
 };
 
-/** An element with all that it holds but comments. Offsets count from the start of the text. */
+/** An element with all that it holds but comments. Offsets count bytes of the content. */
 struct XmlElement
 {
     QString name; ///< As written, prefix included.
     int offset = 0; ///< Of its "<".
     QVector<XmlAttribute> attributes;
     std::vector<XmlElement> children;
-    QString text; ///< Its own; pieces of nothing but white space are left out, as Qt leaves them.
+    QString text; ///< Its own, in one piece; empty when it is nothing but white space.
     int textOffset = -1; ///< Of the text's first character that is no blank; -1 without a text.
 
     bool is(const char *elementName) const { return name == QLatin1String(elementName); }
@@ -59,17 +59,18 @@ struct XmlError
 /** An XML document that knows where everything stands. */
 struct XmlDocument
 {
-    QString text; ///< The whole document.
+    QByteArray content; ///< The whole document, without a byte order mark.
     QString version; ///< Of the XML declaration, as the next; empty without one.
     QString encoding;
-    QString documentType; ///< The document type declaration; empty without one.
+    QString documentType; ///< The name in the document type declaration; empty without one.
     int documentTypeOffset = 0;
     XmlElement root;
     XmlError error; ///< With one, `root` is not to be used.
 
     /**
-     * Reads XML 1.0 in UTF-8. Nesting beyond any sense and internal document types are errors too:
-     * Qt's other readers would run out of stack, or see another document.
+     * Reads XML 1.0 in UTF-8. Nesting beyond any sense is an error too, and so is a document type
+     * that does more than name the root: Qt's readers would run out of stack, or see another
+     * document.
      */
     static XmlDocument fromBytes(const QByteArray &content);
 };
@@ -81,6 +82,6 @@ struct Position
     int column = 1;
 };
 
-Position positionOf(const QString &text, int offset);
+Position positionOf(const QByteArray &content, int offset);
 
 } // namespace Quenda::Workbench

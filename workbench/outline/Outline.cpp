@@ -155,7 +155,7 @@ QString outlineOf(const MenuDocument &document)
 
 } // namespace
 
-QString outlineOf(const std::vector<Document> &documents)
+QString outlineOf(const Documents &documents)
 {
     QString text;
     for (const Document &document : documents) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/Place.h"
+#include "document/Document.h"
 
 namespace Quenda::Workbench {
 
@@ -9,6 +9,6 @@ namespace Quenda::Workbench {
  * the documents. White space, comments and the menu bar's geometry are left out. The documents must
  * be without errors.
  */
-QString outlineOf(const std::vector<Document> &documents);
+QString outlineOf(const Documents &documents);
 
 } // namespace Quenda::Workbench

@@ -14,10 +14,10 @@
 
 namespace Quenda::Workbench {
 
-QMenuBar *loadMenuBar(const QString &text)
+QMenuBar *loadMenuBar(const QByteArray &content)
 {
-    QByteArray bytes = text.toUtf8();
-    QBuffer buffer(&bytes);
+    QBuffer buffer;
+    buffer.setData(content);
     buffer.open(QIODevice::ReadOnly);
     QUiLoader loader;
     QWidget *widget = loader.load(&buffer);
@@ -33,16 +33,17 @@ QVector<HostState> statesToShow(const QString &product)
     return states.isEmpty() ? QVector<HostState> {{0, QStringLiteral("everything")}} : states;
 }
 
-Surface::Surface(const Document &tools, const Document &menus)
+Surface::Surface(const Documents &documents)
 {
-    QMenuBar *menuBar = loadMenuBar(menus.xml.text);
+    QMenuBar *menuBar = loadMenuBar(documentOf(documents, DocumentKind::Menus).xml.content);
     menuBar->setNativeMenuBar(false);
     const auto actions = menuBar->findChildren<QAction *>();
     for (QAction *action : actions)
         action->setShortcutContext(Qt::WidgetShortcut);
     setMenuBar(menuBar);
 
-    const ToolDocument document = ToolDocument::read(tools.xml);
+    const ToolDocument document =
+        ToolDocument::read(documentOf(documents, DocumentKind::Tools).xml);
     const auto gridBoxes = document.toolBoxes + document.keypads;
     for (const ToolDocument::Box &box : gridBoxes)
         addDock(box, document);

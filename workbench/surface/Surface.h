@@ -1,7 +1,7 @@
 #pragma once
 
+#include "document/Document.h"
 #include "document/HostState.h"
-#include "document/Place.h"
 #include "document/ToolDocument.h"
 
 #include <QMainWindow>
@@ -15,10 +15,10 @@ namespace Quenda::Workbench {
 enum class Presentation { ToolBoxes, ToolBars };
 
 /**
- * Builds the menu bar from the text of a menu document with QUiLoader. It belongs to the caller;
- * null when the text is none.
+ * Builds the menu bar from a menu document with QUiLoader. It belongs to the caller;
+ * null when it is none.
  */
-QMenuBar *loadMenuBar(const QString &text);
+QMenuBar *loadMenuBar(const QByteArray &content);
 
 /** The states to show of a product; one of all masks for a product that is unknown here. */
 QVector<HostState> statesToShow(const QString &product);
@@ -30,8 +30,8 @@ QVector<HostState> statesToShow(const QString &product);
 class Surface : public QMainWindow
 {
 public:
-    /** @p tools and @p menus have to be without errors. */
-    Surface(const Document &tools, const Document &menus);
+    /** The documents of a product, without errors. */
+    explicit Surface(const Documents &documents);
 
     /** Shows what is available in @p state, but for the panels that the user has closed. */
     void showState(const HostState &state, Presentation presentation);

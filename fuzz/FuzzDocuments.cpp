@@ -3,8 +3,8 @@
 
 #include "Mutator.h"
 
+#include "SchemaValidator.h"
 #include "check/Check.h"
-#include "document/EntryDocument.h"
 #include "document/MenuDocument.h"
 #include "document/ToolDocument.h"
 #include "outline/Outline.h"
@@ -86,15 +86,34 @@ void checkPlaces(const XmlDocument &xml, const QVector<Finding> &findings)
     }
 }
 
+void checkSchema(const Document &document)
+{
+    static SchemaValidator validator;
+    Findings prolog(document);
+    checkProlog(document, prolog);
+    if (!prolog.list.isEmpty()) // which no schema sees, and not every parser lets pass
+        return;
+    Findings shape(document);
+    checkShape(document, shape);
+    // Nor does a schema see which declarations of namespaces there are.
+    const bool isNamespace =
+        std::any_of(shape.list.begin(), shape.list.end(), [](const Finding &finding) {
+            return finding.text.contains(QLatin1String("xmlns"));
+        });
+    const bool isRight = shape.list.isEmpty();
+    require(isNamespace || validator.accepts(document.kind, document.xml.content) == isRight,
+            "the schema of one mind with the checker, which says:",
+            isRight ? QStringLiteral("right") : shape.list.constFirst().text);
+}
+
 void checkEntries(const XmlDocument &xml)
 {
     Quenda::Kit::AppDataParser parser;
     parser.visit(QString::fromUtf8(xml.content));
     require(parser.error().isEmpty(), "the application reads entries:", parser.error());
-    const EntryDocument document = EntryDocument::read(xml);
     QMap<QString, QString> entries;
-    for (const EntryDocument::Entry &entry : document.entries)
-        entries.insert(entry.name, entry.value);
+    for (const XmlElement &entry : xml.root.children)
+        entries.insert(entry.value("name"), entry.text);
     require(parser.result() == entries, "the application reads the same entries");
 }
 
@@ -102,121 +121,125 @@ void checkEntries(const XmlDocument &xml)
 void checkProperties(const QObject &object, const XmlElement &element)
 {
     for (const XmlElement &property : element.children) {
-        if (property.name != QLatin1String("property"))
+        if (!property.is("property"))
             continue;
         const XmlElement &value = property.children.front();
         const QVariant actual = object.property(qPrintable(property.value("name")));
-        bool isSame = true; // or not easily compared, or up to the platform
-        if (property.value("name") == QLatin1String("nativeMenuBar"))
-            continue;
-        if (value.name == QLatin1String("bool"))
+        bool isSame = true; // or not easily compared
+        if (value.is("bool"))
             isSame = actual.toBool() == (value.text == QLatin1String("true"));
         else if (actual.userType() == QMetaType::QKeySequence)
             isSame = actual.value<QKeySequence>() == QKeySequence::fromString(value.text);
-        else if (value.name == QLatin1String("string"))
-            // Without a tool tip, Qt shows the text.
-            isSame = actual.toString() == value.text || value.text.isEmpty();
+        else if (value.is("string"))
+            // Without a tool tip, Qt shows the text; and it drops blanks beside a comment.
+            isSame =
+                actual.toString().simplified() == value.text.simplified() || value.text.isEmpty();
         require(isSame, "the property",
                 element.value("name") + QLatin1Char('.') + property.value("name"));
     }
 }
 
 template <typename Widget>
-void checkMenu(const Widget &widget, const MenuDocument::Menu &menu)
+void checkMenu(const Widget &widget, const XmlElement &menu, const XmlElement &menuBar)
 {
-    require(widget.objectName() == menu.name, "the menu", menu.name);
-    checkProperties(widget, *menu.xml);
-    const QList<QAction *> actions = widget.actions();
-    require(actions.size() == menu.items.size(), "the number of items of the menu", menu.name);
-    for (int i = 0; i < actions.size(); ++i) {
-        const MenuDocument::Object &item = menu.items.at(i);
-        const QAction *action = actions.at(i);
-        const MenuDocument::Menu *subMenu = menu.subMenu(item.name);
-        require(action->isSeparator() == item.isSeparator(), "the separators of the menu",
-                menu.name);
-        require(!action->menu() == !subMenu, "the sub-menus of the menu", menu.name);
-        if (subMenu)
-            checkMenu(*action->menu(), *subMenu);
+    const QString name = menu.value("name");
+    require(widget.objectName() == name, "the menu", name);
+    checkProperties(widget, menu);
+    QList<QAction *> actions = widget.actions();
+    for (const XmlElement &item : menu.children) {
+        if (!item.is("addaction"))
+            continue;
+        require(!actions.isEmpty(), "all items of the menu", name);
+        const QAction *action = actions.takeFirst();
+        const XmlElement *shown = shownBy(item, menu, menuBar);
+        require(action->isSeparator() == !shown, "the separators of the menu", name);
+        if (action->menu())
+            checkMenu(*action->menu(), *shown, menuBar);
         else
-            require(item.isSeparator() || action->objectName() == item.name, "the item", item.name);
+            require(!shown || action->objectName() == shown->value("name"), "the item",
+                    item.value("name"));
     }
+    require(actions.isEmpty(), "no other item in the menu", name);
 }
 
 void checkMenus(const Document &document)
 {
-    const MenuDocument menus = MenuDocument::read(document.xml);
+    const XmlElement &menuBar = *document.xml.root.child("widget");
     const std::unique_ptr<QMenuBar> bar(loadMenuBar(document.xml.content));
     require(bar != nullptr, "a menu bar");
-    checkMenu(*bar, menus.bar);
-    for (const MenuDocument::Object &action : menus.actions) {
-        const auto found = bar->findChildren<QObject *>(action.name);
-        require(found.size() == 1, "the one object", action.name);
-        const bool isAction = action.xml->name == QLatin1String("action");
-        require(isAction ? found.first()->inherits("QAction")
-                         : found.first()->inherits("QActionGroup"),
-                "the action", action.name);
-        checkProperties(*found.first(), *action.xml);
+    checkMenu(*bar, menuBar, menuBar);
+    for (const XmlElement &action : menuBar.children) {
+        if (!action.is("action"))
+            continue;
+        const auto found = bar->findChildren<QObject *>(action.value("name"));
+        require(found.size() == 1 && found.first()->inherits("QAction"), "the one action",
+                action.value("name"));
+        checkProperties(*found.first(), action);
     }
 }
 
-// The tools of a box that can be seen in a state, in the order in which they are shown.
-QStringList toolsOf(const ToolDocument::Box &box, const HostState &state)
+// The tools of a box that can be seen in a state, in the order of the document.
+QStringList toolsOf(const XmlElement &box, const HostState &state)
 {
     QStringList tools;
-    for (const ToolDocument::Item &item : box.items)
-        if (!item.isSeparator && isAvailable(box.mode & item.mode, state.code))
-            tools += item.id;
+    for (const XmlElement &item : box.children)
+        if (!item.is("separator") && isAvailable(modeOf(box) & modeOf(item), state.code))
+            tools += item.value("id");
     return tools;
 }
 
-QStringList toolsOf(const QWidget &panel)
+QStringList toolsOf(const QDockWidget &dock)
 {
-    const auto buttons = panel.findChildren<QToolButton *>();
+    const auto buttons = dock.findChildren<QToolButton *>();
     QStringList tools;
     for (const QToolButton *button : buttons)
-        if (dynamic_cast<const ToolButton *>(button) && button->isVisibleTo(&panel)) {
+        if (dynamic_cast<const ToolButton *>(button) && button->isVisibleTo(&dock)) {
             require(!button->size().isEmpty(), "room for the tool", button->text());
             tools += button->text();
         }
     return tools;
 }
 
-void checkTools(const Document &document, const HostState &state)
+// Those for which there is no room can be opened.
+QStringList toolsOf(const QToolBar &bar)
+{
+    const auto actions = bar.actions();
+    QStringList tools;
+    for (QAction *action : actions)
+        if (!action->isSeparator() && action->isVisible())
+            tools += bar.widgetForAction(action)->objectName();
+    return tools;
+}
+
+void checkTools(Document document, const HostState &state)
 {
     static const Document noMenus {
         DocumentKind::Menus,
         {},
         XmlDocument::fromBytes("<ui version=\"4.0\"><class>menubar</class>"
                                "<widget class=\"QMenuBar\" name=\"menubar\"/></ui>")};
-    const ToolDocument tools = ToolDocument::read(document.xml);
+    // A style sheet may ask for a button that does not fit into the memory.
+    for (XmlElement &box : document.xml.root.children)
+        for (XmlAttribute &attribute : box.attributes)
+            if (attribute.name == QLatin1String("button-style"))
+                attribute.value.clear();
     Surface surface({document, noMenus});
-    const auto docks = surface.findChildren<QDockWidget *>();
-    const auto bars = surface.findChildren<QToolBar *>();
-    require(docks.size() == tools.toolBoxes.size() + tools.keypads.size()
-                && bars.size() == tools.toolBars.size(),
-            "a panel for each box");
-    surface.showState(state, Presentation::ToolBoxes);
     surface.show();
-    QCoreApplication::processEvents();
-    for (int i = 0; i < tools.toolBoxes.size(); ++i)
-        require(
-            toolsOf(*docks.at(i)) == toolsOf(tools.toolBoxes.at(i), state),
-            "the tools of the box:", toolsOf(tools.toolBoxes.at(i), state).join(QLatin1Char(' ')));
-    for (int i = 0; i < tools.keypads.size(); ++i)
-        require(toolsOf(*docks.at(tools.toolBoxes.size() + i)).size()
-                    == tools.keypads.at(i).items.size(),
-                "all keys");
-    surface.showState(state, Presentation::ToolBars);
-    QCoreApplication::processEvents();
-    for (int i = 0; i < bars.size(); ++i) {
-        const QList<QAction *> actions = bars.at(i)->actions();
-        QStringList shown;
-        for (QAction *action : actions)
-            if (!action->isSeparator() && action->isVisible())
-                shown += bars.at(i)->widgetForAction(action)->objectName();
-        require(shown == toolsOf(tools.toolBars.at(i), state), "the tools of the bar",
-                tools.toolBars.at(i).title);
+    QList<QDockWidget *> docks = surface.findChildren<QDockWidget *>();
+    QList<QToolBar *> bars = surface.findChildren<QToolBar *>();
+    for (const XmlElement &box : document.xml.root.children) {
+        if (box.is("module"))
+            continue;
+        const bool isBar = box.is("toolbar");
+        require(isBar ? !bars.isEmpty() : !docks.isEmpty(), "a panel for each box");
+        surface.showState(state, isBar ? Presentation::ToolBars : Presentation::ToolBoxes);
+        QCoreApplication::processEvents();
+        const QStringList tools = isBar ? toolsOf(*bars.takeFirst()) : toolsOf(*docks.takeFirst());
+        if (isAvailable(modeOf(box), state.code))
+            require(tools == toolsOf(box, state),
+                    "the tools of the box:", toolsOf(box, state).join(QLatin1Char(' ')));
     }
+    require(docks.isEmpty() && bars.isEmpty(), "no other panel");
 }
 
 // What holds of a document in which no error was found.
@@ -265,8 +288,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
                                                          : DocumentKind::Tools;
     const Documents documents {{kind, {}, XmlDocument::fromBytes(bytes)}};
     const Document &document = documents.front();
-    if (document.xml.error.text.isEmpty())
+    if (document.xml.error.text.isEmpty()) {
         checkPlaces(document.xml.content, document.xml.root);
+        checkSchema(document);
+    }
     const QVector<Finding> findings = checkDocument(document, product);
     checkPlaces(document.xml, findings);
     if (!hasErrors(findings)) {

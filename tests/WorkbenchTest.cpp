@@ -1,29 +1,48 @@
 #include "Program.h"
 #include "StringLiterals.h"
+#include "document/Place.h"
+#include "surface/Picture.h"
+#include "surface/Surface.h"
 
-#include <QImage>
+#include <QApplication>
+#include <QMenuBar>
+#include <QStyle>
 #include <QTemporaryDir>
+#include <QToolBar>
+
+using namespace Quenda::Workbench;
+
+Q_DECLARE_METATYPE(Presentation)
 
 class WorkbenchTest : public QObject
 {
     Q_OBJECT
 
+private:
+    // A product's documents in a folder, with an edit in one of them.
+    static void copyProduct(const QString &folder, const QString &document = {},
+                            const QByteArray &before = {}, const QByteArray &after = {})
+    {
+        QVERIFY(QDir().mkpath(folder));
+        for (const QString &name : {u"confs.xml"_s, u"tools.xml"_s, u"menus.xml"_s}) {
+            QFile shipped(QStringLiteral(DOCUMENTS "/tesmar/") + name);
+            QFile copy(folder + u'/' + name);
+            QVERIFY(shipped.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly));
+            QByteArray content = shipped.readAll();
+            QVERIFY(name != document || content.contains(before));
+            copy.write(name == document ? content.replace(before, after) : content);
+        }
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
-        // A product's folder with a mistake, and one that lacks a document.
         QVERIFY(QDir::setCurrent(directory.path()));
-        for (const QString &folder : {u"edited/tesmar"_s, u"partial"_s}) {
-            QVERIFY(QDir().mkpath(folder));
-            for (const QString &file : {u"confs.xml"_s, u"tools.xml"_s, u"menus.xml"_s})
-                if (folder != u"partial"_s || file != u"menus.xml"_s)
-                    QVERIFY(QFile::copy(QStringLiteral(DOCUMENTS "/tesmar/") + file,
-                                        folder + u'/' + file));
-        }
-        QFile tools(u"edited/tesmar/tools.xml"_s);
-        QVERIFY(tools.setPermissions(QFile::ReadOwner | QFile::WriteOwner));
-        QVERIFY(tools.open(QIODevice::WriteOnly | QIODevice::Append));
-        tools.write("<");
+        copyProduct(u"wrong/tesmar"_s, u"tools.xml"_s, "full view", "full v\xc3\xaew");
+        copyProduct(u"odd/tesmar"_s, u"confs.xml"_s, ">entp<", "> entp<");
+        copyProduct(u"partial"_s);
+        QVERIFY(QFile::remove(u"partial/menus.xml"_s));
+        QVERIFY(QFile::copy(u"odd/tesmar/confs.xml"_s, u"odd/entries.xml"_s));
         QVERIFY(QDir().mkdir(u"empty"_s));
     }
 
@@ -31,98 +50,171 @@ private Q_SLOTS:
     {
         addCommandLineColumns();
         commandLineRow("--version", 0, "quenda-workbench " VERSION "\n", "");
-        commandLineRow(
-            "check edited/tesmar/confs.xml tesmar", 0,
-            ":/widgets/tesmar/menus.xml:128:15: warning: \"actionTreatmentAlignPieces\" and "
-            "\"actionTreatmentAssistant\" share the mnemonic A\n"
-            "Documents: 4, errors: 0, warnings: 1\n",
-            "");
-        commandLineRow(
-            "check partial", 1,
-            "partial/menus.xml:1:1: error: cannot be read: No such file or directory; a product "
-            "needs all three documents\nDocuments: 3, errors: 1, warnings: 0\n",
-            "partial: the product \"partial\" is unknown, so its states and entries are not "
-            "checked; there are: lorvan, tesmar");
-        commandLineRow("check none edited/tesmar/confs.xml", 2, // the rest is reported all the same
-                       "Documents: 1, errors: 0, warnings: 0\n", "there is no \"none\"");
-        commandLineRow("checks", 2, "", "there are: check, preview, screenshot, outline");
+        commandLineRow("checks", 2, "", "there are: check, preview, screenshot, outline, schema");
+        commandLineRow("check --unknown", 2, "", "Unknown option 'unknown'");
+        commandLineRow("outline", 2, "", "outline needs PLACE");
+        commandLineRow("outline lorvan tesmar", 2, "", "outline needs PLACE");
+
+        commandLineRow("check", 0, "Documents: 6, errors: 0, warnings: 0\n", "");
+        commandLineRow("Check LORVAN wrong/tesmar/menus.xml", 0,
+                       "Documents: 4, errors: 0, warnings: 0\n", "");
+        commandLineRow("check odd/tesmar/", 0,
+                       "odd/tesmar/confs.xml:9:32: warning: white space around \" entp\"; expected "
+                       "none\nDocuments: 3, errors: 0, warnings: 1\n",
+                       "");
+        const char *wrong =
+            "wrong/tesmar/tools.xml:5:14: error: \"\xc3\xae\" is not ASCII; expected "
+            "ASCII alone\nDocuments: 1, errors: 1, warnings: 0\n";
+        commandLineRow("check wrong/tesmar/tools.xml", 1, wrong, "");
+        commandLineRow("check none wrong/tesmar/tools.xml", 2, wrong, "there is no \"none\"");
+        commandLineRow("check wrong/tesmar/tools.xml none", 2, wrong, "there is no \"none\"");
         commandLineRow("check none", 2, "", "or a product: lorvan, tesmar");
-        commandLineRow("check empty", 2, "", "holds none of confs.xml");
+        commandLineRow("check empty", 2, "",
+                       "\"empty\" holds none of confs.xml, tools.xml, menus.xml");
+        commandLineRow("check odd/entries.xml", 2, "", "expected confs.xml, tools.xml, menus.xml");
+        commandLineRow("check partial", 1,
+                       "partial/menus.xml:1:1: error: cannot be read: No such file or directory; a "
+                       "product needs all three documents\nDocuments: 3, errors: 1, warnings: 0\n",
+                       "partial: the product \"partial\" is unknown, so its states and entries are "
+                       "not checked; there are: lorvan, tesmar");
+
         commandLineRow("outline tesmar/tools.xml", 2, "", "there is no \"tesmar/tools.xml\"");
-        commandLineRow("outline edited/tesmar/confs.xml", 2, "", "is one document; expected");
+        commandLineRow("outline odd/tesmar/confs.xml", 2, "", "is one document; expected");
+        commandLineRow("schema attributes", 2, "", "there are: entries, tools, menus");
+        commandLineRow("preview tesmar", 2, "", "preview needs a display");
+
         commandLineRow("screenshot tesmar", 2, "", "screenshot needs PLACE FILE");
-        commandLineRow("screenshot tesmar s.doc", 2, "", "expected one of the suffixes bmp, ");
-        commandLineRow("screenshot tesmar none/s.png", 2, "", "cannot write none/s.png");
+        commandLineRow("screenshot tesmar s.doc", 2, "", "cannot write s.doc: Unsupported image");
+        commandLineRow("screenshot tesmar none/s.png", 2, "",
+                       "cannot write none/s.png: Cannot open");
         commandLineRow("screenshot tesmar s.png --state 0x31", 2, "",
                        "there are: full view (0x1), ");
         commandLineRow("screenshot tesmar s.png --menu menuNone", 2, "", "there are: menuFile, ");
         commandLineRow("screenshot tesmar s.png --tools all", 2, "", "there are: boxes, bars");
-        commandLineRow("preview none", 2, "", "preview needs a display");
     }
 
     void commandLine() { checkCommandLine(QUENDA_WORKBENCH, "quenda-workbench: "); }
 
+    void help()
+    {
+        const Outcome outcome = run(QUENDA_WORKBENCH, {});
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.output, run(QUENDA_WORKBENCH, {u"outline"_s, u"--help"_s}).output);
+        for (const char *command : {"check [PLACE...]", "preview PLACE", "screenshot PLACE FILE",
+                                    "outline PLACE", "schema entries|tools|menus", "--state"})
+            QVERIFY2(outcome.output.contains(command), command);
+    }
+
     void placesWithErrors()
     {
-        for (const char *command : {"outline edited/tesmar", "screenshot edited/tesmar s.png"}) {
+        for (const char *command : {"outline wrong/tesmar", "screenshot wrong/tesmar s.png"}) {
             const Outcome outcome =
                 run(QUENDA_WORKBENCH, QString::fromUtf8(command).split(QLatin1Char(' ')));
             QCOMPARE(outcome.status, 1);
-            QVERIFY2(outcome.errors.contains("edited/tesmar/tools.xml:154:1: error: "),
+            QVERIFY2(outcome.errors.contains("tools.xml:5:14: error: \"\xc3\xae\" is not"),
                      outcome.errors.constData());
         }
         QVERIFY(!QFile::exists(u"s.png"_s));
     }
 
-    // One thing a line, whatever the values hold.
-    void outlineOfOddValues()
+    void outputThatCannotBeWritten()
     {
-        QVERIFY(QDir().mkpath(u"odd/tesmar"_s));
-        for (const char *name : {"confs.xml", "tools.xml", "menus.xml"}) {
-            QFile shipped(QStringLiteral(DOCUMENTS "/tesmar/") + QLatin1String(name));
-            QFile odd(u"odd/tesmar/"_s + QLatin1String(name));
-            QVERIFY(shipped.open(QIODevice::ReadOnly) && odd.open(QIODevice::WriteOnly));
-            odd.write(shipped.readAll()
-                          .replace(">entp<", ">en\ntp \"x\\<")
-                          .replace("<string>Load...<", "<string>Load\t&quot;x&quot;<"));
-        }
-        const Outcome outcome = run(QUENDA_WORKBENCH, {u"outline"_s, u"odd/tesmar"_s});
-        QCOMPARE(outcome.status, 0);
-        QVERIFY(outcome.output.contains("\"en\\ntp \\\"x\\\\\""));
-        QVERIFY(outcome.output.contains("\"Load\\t\\\"x\\\"\""));
+        QProcess program;
+        program.setStandardOutputFile(u"/dev/full"_s);
+        program.start(QStringLiteral(QUENDA_WORKBENCH), {u"schema"_s, u"tools"_s});
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitCode(), 2);
     }
 
-    void stateByName()
+    void screenshots_data()
     {
-        const auto picture = [](const QString &state) {
-            const QStringList arguments {u"screenshot"_s, u"tesmar"_s, u"s.ppm"_s, u"--state"_s,
-                                         state};
-            return run(QUENDA_WORKBENCH, arguments).status == 0 ? QImage(u"s.ppm"_s) : QImage();
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<int>("state");
+        QTest::addColumn<Presentation>("presentation");
+        QTest::addColumn<QString>("menu");
+        const auto row = [](const char *name, const QStringList &options, int state,
+                            Presentation presentation, const QString &menu = {}) {
+            QTest::newRow(name) << options << state << presentation << menu;
         };
-        const QImage byCode = picture(u"16"_s);
-        QVERIFY(!byCode.isNull());
-        QCOMPARE(picture(u"Link piece VIEW"_s), byCode);
+        row("first state", {}, 0, Presentation::ToolBoxes);
+        row("state by hexadecimal code", {u"--state=0x10"_s}, 4, Presentation::ToolBoxes);
+        row("state by decimal code", {u"--state=16"_s}, 4, Presentation::ToolBoxes);
+        row("state by name", {u"--state=Link piece VIEW"_s}, 4, Presentation::ToolBoxes);
+        row("bars", {u"--tools"_s, u"Bars"_s}, 0, Presentation::ToolBars);
+        row("menu", {u"--menu=menufile"_s}, 0, Presentation::ToolBoxes, u"menuFile"_s);
+        row("sub-menu", {u"--menu=menuShow"_s, u"--state=2"_s}, 1, Presentation::ToolBoxes,
+            u"menuShow"_s);
     }
 
+    // What is saved is what the options ask for.
     void screenshots()
     {
-        const auto picture = [](const char *options) {
-            const Outcome outcome =
-                run(QUENDA_WORKBENCH, QString::fromUtf8(options).split(QLatin1Char(' ')));
-            return outcome.status == 0 && outcome.errors.isEmpty() ? QImage(u"s.BMP"_s) : QImage();
+        QFETCH(QStringList, options);
+        QFETCH(int, state);
+        QFETCH(Presentation, presentation);
+        QFETCH(QString, menu);
+        const Outcome outcome =
+            run(QUENDA_WORKBENCH, QStringList {u"screenshot"_s, u"tesmar"_s, u"s.BMP"_s} + options);
+        QCOMPARE(outcome.errors, QByteArray());
+        QCOMPARE(outcome.status, 0);
+
+        QString error;
+        Surface surface(Place::find(u"tesmar"_s, &error)->read());
+        surface.showState(hostStates(u"tesmar"_s).at(state), presentation);
+        QMenu *opened = menu.isEmpty() ? nullptr : surface.menuBar()->findChild<QMenu *>(menu);
+        QCOMPARE(QImage(u"s.BMP"_s).convertToFormat(QImage::Format_RGB32),
+                 pictureOf(surface, opened));
+    }
+
+    // As large as the state needs, with the menus in their places.
+    void pictures()
+    {
+        QString error;
+        const auto states = hostStates(u"lorvan"_s);
+        Surface surface(Place::find(u"lorvan"_s, &error)->read());
+        surface.showState(states.at(0), Presentation::ToolBars);
+        const QImage bars = pictureOf(surface);
+        const auto shown = surface.findChildren<QToolBar *>();
+        for (const QToolBar *one : shown)
+            QVERIFY2(!one->isVisible() || one->width() >= one->sizeHint().width(),
+                     qPrintable(one->objectName()));
+        QCOMPARE(bars.size(), surface.size());
+
+        auto *points = surface.menuBar()->findChild<QMenu *>(u"menuPoints"_s);
+        auto *treatment = surface.menuBar()->findChild<QMenu *>(u"menuTreatment"_s);
+        const QImage open = pictureOf(surface, points);
+        const QPoint start =
+            surface.menuBar()->actionGeometry(treatment->menuAction()).bottomLeft();
+        const QPoint corner = start + treatment->actionGeometry(points->menuAction()).topRight();
+        const auto imageOf = [](QWidget *widget, const QRect &part) {
+            return widget->grab(part).toImage().convertToFormat(QImage::Format_RGB32);
         };
-        const QImage first = picture("screenshot tesmar s.BMP");
-        QVERIFY(!first.isNull());
-        QCOMPARE(first, picture("screenshot tesmar s.BMP --state 1 --tools boxes"));
-        QVERIFY(first != picture("screenshot tesmar s.BMP --tools bars"));
-        const QImage other = picture("screenshot tesmar s.BMP --state 0x10");
-        QVERIFY(!other.isNull() && other != first);
-        QVERIFY(other != picture("screenshot tesmar s.BMP --state 0x10 --menu menuFile"));
+        const QRect left(0, 0, corner.x() - start.x(), treatment->height()); // of the sub-menu
+        QCOMPARE(open.copy(left.translated(start)), imageOf(treatment, left));
+        QCOMPARE(open.copy(QRect(corner, points->size())), imageOf(points, points->rect()));
+        QVERIFY(open.rect().contains(QRect(corner, points->size())));
+    }
+
+    void menuDocumentOfAnotherWidget()
+    {
+        QVERIFY(!loadMenuBar("<ui version='4.0'><widget class='QWidget' name='w'/></ui>"));
     }
 
 private:
     QTemporaryDir directory;
 };
 
-QTEST_GUILESS_MAIN(WorkbenchTest)
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    // As the program does for pictures.
+    QApplication::setStyle(u"Fusion"_s);
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    QFont font = QApplication::font();
+    font.setPixelSize(12);
+    QApplication::setFont(font);
+    WorkbenchTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "WorkbenchTest.moc"

@@ -1,81 +1,64 @@
 #include "CommandLine.h"
 
-#include <QApplication>
-#include <QFont>
-#include <QStyle>
-
 #include <cstdio>
 
 namespace Quenda::Workbench {
 
 namespace {
 
-std::optional<Place> findPlace(const QString &name)
+bool write(const QString &text, std::FILE *file)
 {
-    QString error;
-    auto place = Place::find(name, &error);
-    if (!place)
-        failWith(error);
-    return place;
+    const QByteArray bytes = text.toUtf8();
+    const auto size = static_cast<std::size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0;
 }
 
 } // namespace
 
-std::optional<Place> findProduct(const QString &name)
+Status load(const QString &name, LoadedPlace *loaded)
 {
-    auto place = findPlace(name);
-    if (!place || place->isProduct())
-        return place;
-    fail("\"%1\" is one document; expected a product's folder or id", name);
-    return std::nullopt;
-}
-
-std::optional<LoadedPlace> loadPlace(const QString &name)
-{
-    const auto place = findPlace(name);
+    QString error;
+    const auto place = Place::find(name, &error);
     if (!place)
-        return std::nullopt;
-    Documents documents = place->read();
-    const QVector<Finding> findings = checkDocuments(documents, place->product);
-    return LoadedPlace {*place, std::move(documents), findings};
+        return fail("%1", error);
+    const Documents documents = place->read();
+    *loaded = {*place, documents, checkDocuments(documents, place->product)};
+    return hasErrors(loaded->findings) ? ErrorsFound : NothingWrong;
 }
 
-std::optional<LoadedPlace> loadCorrectProduct(const QString &name, Status *status)
+Status loadProduct(const QString &name, LoadedPlace *loaded)
 {
-    auto loaded = findProduct(name) ? loadPlace(name) : std::nullopt;
-    *status = !loaded ? NotDone : hasErrors(loaded->findings) ? ErrorsFound : NothingWrong;
-    if (*status == ErrorsFound)
-        std::fputs(qPrintable(reportOf(loaded->findings, loaded->documents.size())), stderr);
-    return *status == NothingWrong ? std::move(loaded) : std::nullopt;
+    const Status status = load(name, loaded);
+    if (status != NotDone && !loaded->place.isProduct())
+        return fail("\"%1\" is one document; expected a product's folder or id", name);
+    if (status == ErrorsFound)
+        write(reportOf(loaded->findings, loaded->documents.size()), stderr);
+    return status;
 }
 
 QString reportOf(const QVector<Finding> &findings, std::size_t documents)
 {
     QString text;
-    int errors = 0;
-    for (const Finding &finding : findings) {
+    for (const Finding &finding : findings)
         text += finding.line() + QLatin1Char('\n');
-        errors += finding.severity == Finding::Error ? 1 : 0;
-    }
+    const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding &one) {
+        return one.severity == Finding::Error;
+    });
     return text
-           + compose("Documents: %1, errors: %2, warnings: %3", static_cast<int>(documents), errors,
-                     findings.size() - errors)
-           + QLatin1Char('\n');
+           + QStringLiteral("Documents: %1, errors: %2, warnings: %3\n")
+                 .arg(documents)
+                 .arg(errors)
+                 .arg(findings.size() - errors);
 }
 
 Status print(const QString &text)
 {
-    const QByteArray bytes = text.toUtf8();
-    const auto size = static_cast<std::size_t>(bytes.size());
-    const bool written =
-        std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0;
-    return written ? NothingWrong : fail("cannot write to standard output");
+    return write(text, stdout) ? NothingWrong : fail("cannot write to standard output");
 }
 
-Status failWith(const QString &text)
+void inform(const QString &text)
 {
-    std::fprintf(stderr, "quenda-workbench: %s\n", qPrintable(text));
-    return NotDone;
+    write(QLatin1String("quenda-workbench: ") + text + QLatin1Char('\n'), stderr);
 }
 
 int choose(const char *what, const QString &wanted, const QStringList &names)
@@ -85,17 +68,6 @@ int choose(const char *what, const QString &wanted, const QStringList &names)
             return i;
     fail("there is no %1 \"%2\"; there are: %3", what, wanted, listed(names));
     return -1;
-}
-
-void useLightStyle()
-{
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setPalette(QApplication::style()->standardPalette());
-    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
-        QFont font = QApplication::font(); // of the same size everywhere
-        font.setPixelSize(12);
-        QApplication::setFont(font);
-    }
 }
 
 } // namespace Quenda::Workbench

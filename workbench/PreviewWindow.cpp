@@ -3,16 +3,17 @@
 #include "check/Check.h"
 #include "surface/Surface.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QListWidget>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
-#include <QStackedLayout>
-#include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -46,10 +47,21 @@ PreviewWindow::PreviewWindow(const Place &shownPlace)
                     {QStringLiteral("Tool boxes"), QStringLiteral("Tool bars")});
     controls->addStretch();
 
+    findingsPane = new QListWidget;
+    findingsPane->setWordWrap(true);
+    connect(findingsPane, &QListWidget::itemActivated, this, [](const QListWidgetItem *item) {
+        QDesktopServices::openUrl(item->data(Qt::UserRole).toUrl());
+    });
+    veil = new QFrame;
+    veil->setAttribute(Qt::WA_TransparentForMouseEvents);
+    veil->setStyleSheet(QStringLiteral("background: rgba(239, 239, 239, 180)"));
+    auto *holder = new QWidget;
+    cell = new QGridLayout(holder);
+    cell->setContentsMargins(0, 0, 0, 0);
+    cell->addWidget(veil, 0, 0);
     auto *splitter = new QSplitter(Qt::Vertical);
-    splitter->addWidget(newSurfaceHolder());
-    splitter->addWidget(newFindingsPane());
-    splitter->setStretchFactor(0, 1);
+    splitter->addWidget(holder);
+    splitter->addWidget(findingsPane);
     splitter->setChildrenCollapsible(false);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(controls);
@@ -83,31 +95,6 @@ QComboBox *PreviewWindow::addSelector(QHBoxLayout *controls, const QString &name
     return selector;
 }
 
-QWidget *PreviewWindow::newSurfaceHolder()
-{
-    auto *holder = new QWidget;
-    layers = new QStackedLayout(holder);
-    layers->setStackingMode(QStackedLayout::StackAll);
-    veil = new QWidget;
-    veil->setObjectName(QStringLiteral("veil"));
-    veil->setAttribute(Qt::WA_StyledBackground);
-    veil->setAttribute(Qt::WA_TransparentForMouseEvents);
-    veil->setStyleSheet(QStringLiteral("#veil { background: rgba(239, 239, 239, 180) }"));
-    layers->addWidget(veil);
-    return holder;
-}
-
-QWidget *PreviewWindow::newFindingsPane()
-{
-    findingsPane = new QTextBrowser;
-    findingsPane->setOpenLinks(false);
-    findingsPane->setTextInteractionFlags(Qt::TextBrowserInteraction
-                                          | Qt::TextSelectableByKeyboard);
-    connect(findingsPane, &QTextBrowser::anchorClicked, this,
-            [](const QUrl &url) { QDesktopServices::openUrl(url); });
-    return findingsPane;
-}
-
 // A file that was replaced by renaming another over it is a new one, and has to be watched anew.
 void PreviewWindow::watch()
 {
@@ -126,22 +113,17 @@ void PreviewWindow::reload()
     const Documents documents = place.read();
     const QVector<Finding> findings = checkDocuments(documents, place.product);
     showFindings(findings);
-    if (hasErrors(findings)) {
-        layers->setCurrentWidget(veil);
+    veil->setVisible(hasErrors(findings));
+    if (hasErrors(findings))
         return;
-    }
-
-    auto *built = new Surface(documents);
+    auto *built = new Surface(documents, surface ? surface->closedPanels() : QSet<QString>());
     built->setWindowFlags(Qt::Widget);
-    if (surface) {
-        built->setClosedPanels(surface->closedPanels());
-        delete surface;
-    }
+    delete surface;
     surface = built;
     showState();
-    layers->addWidget(surface);
-    layers->setCurrentWidget(surface);
-    veil->hide();
+    cell->addWidget(surface, 0, 0);
+    surface->show();
+    veil->raise();
 }
 
 void PreviewWindow::showState()
@@ -151,29 +133,23 @@ void PreviewWindow::showState()
                            static_cast<Presentation>(presentationSelector->currentIndex()));
 }
 
+// Errors first.
 void PreviewWindow::showFindings(QVector<Finding> findings)
 {
-    const bool isWrong = hasErrors(findings);
-    findingsPane->setPlaceholderText(
-        isWrong || findings.isEmpty()
-            ? QString()
-            : compose("No errors. Warnings, which \"check\" lists: %1", findings.size()));
-    findingsPane->setFocusPolicy(isWrong ? Qt::StrongFocus : Qt::NoFocus);
-    // While nothing is wrong, warnings would only distract from the surface.
-    if (!isWrong)
-        findings.clear();
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding &a, const Finding &b) { return a.severity < b.severity; });
-    QString html;
+    findingsPane->clear();
     for (const Finding &finding : qAsConst(findings)) {
         const QFileInfo file(finding.path);
-        const QString link = QUrl::fromLocalFile(file.absoluteFilePath()).toString();
-        const QString where =
-            compose("%1:%2:%3", file.fileName(), finding.position.line, finding.position.column);
-        html += compose("<div><a href=\"%1\">%2</a>: %3</div>", link.toHtmlEscaped(),
-                        where.toHtmlEscaped(), finding.message().toHtmlEscaped());
+        auto *item = new QListWidgetItem(
+            compose("%1:%2:%3: ", file.fileName(), finding.position.line, finding.position.column)
+                + finding.message(),
+            findingsPane);
+        item->setData(Qt::UserRole, QUrl::fromLocalFile(file.absoluteFilePath()));
     }
-    findingsPane->setHtml(html);
+    if (findings.isEmpty() && findingsPane->hasFocus())
+        stateSelector->setFocus();
+    findingsPane->setVisible(!findings.isEmpty());
 }
 
 } // namespace Quenda::Workbench

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "document/HostState.h"
 #include "document/Place.h"
+#include "document/ToolDocument.h"
 
 #include <QFileSystemWatcher>
 #include <QTimer>
 #include <QWidget>
 
 class QComboBox;
+class QFrame;
+class QGridLayout;
 class QHBoxLayout;
-class QStackedLayout;
-class QTextBrowser;
+class QListWidget;
 
 namespace Quenda::Workbench {
 
@@ -19,8 +20,8 @@ struct Finding;
 
 /**
  * The working surface of a place, built again whenever one of its documents is saved. While one of
- * them is wrong, the last surface that could be built stays, set back, and the findings stand below
- * it.
+ * them is wrong, the last surface that could be built stays, set back. Below it stand the findings,
+ * if there are any.
  */
 class PreviewWindow : public QWidget
 {
@@ -36,8 +37,6 @@ public:
 private:
     QComboBox *addSelector(QHBoxLayout *controls, const QString &name, const QString &text,
                            const QStringList &items);
-    QWidget *newSurfaceHolder();
-    QWidget *newFindingsPane();
     void watch();
     void showState();
     void showFindings(QVector<Finding> findings);
@@ -46,10 +45,10 @@ private:
     const QVector<HostState> states;
     QFileSystemWatcher watcher;
     QTimer settling;
+    QGridLayout *cell = nullptr; // holds the surface and, in front of it, the veil
     Surface *surface = nullptr;
-    QStackedLayout *layers = nullptr; // the surface, and in front of it the veil
-    QWidget *veil = nullptr; // sets the surface back
-    QTextBrowser *findingsPane = nullptr;
+    QFrame *veil = nullptr; // sets the surface back
+    QListWidget *findingsPane = nullptr;
     QComboBox *stateSelector = nullptr;
     QComboBox *presentationSelector = nullptr;
 };

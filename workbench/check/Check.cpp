@@ -1,6 +1,7 @@
 #include "check/Check.h"
 
 #include "check/Rules.h"
+#include "format/Format.h"
 
 #include <QDomDocument>
 #include <QRegularExpression>
@@ -12,7 +13,7 @@ namespace Quenda::Workbench {
 namespace {
 
 // Applications read entry and tool documents with QDomDocument, which sees some constructs
-// otherwise than QXmlStreamReader.
+// otherwise than an XML parser has to.
 void checkAgreement(const XmlElement &element, const QDomElement &dom, Findings &findings)
 {
     const auto compare = [&findings](int offset, const QString &own, const QString &other) {
@@ -38,12 +39,10 @@ void checkAgreement(const XmlElement &element, const QDomElement &dom, Findings 
     }
 }
 
-void checkContent(const Document &document, const QString &product, Findings &findings)
+void checkMeaning(const Document &document, const QString &product, Findings &findings)
 {
-    checkShape(document, findings);
     if (document.kind == DocumentKind::Menus)
         return checkMenus(document, findings);
-
     QDomDocument dom;
     QString message;
     if (!dom.setContent(QString::fromUtf8(document.xml.content), &message))
@@ -60,10 +59,14 @@ void checkContent(const Document &document, const QString &product, Findings &fi
 QVector<Finding> checkDocument(const Document &document, const QString &product)
 {
     Findings findings(document);
-    if (!document.xml.error.text.isEmpty())
-        findings.error(document.xml.error.offset, "%1", document.xml.error.text);
-    else
-        checkContent(document, product, findings);
+    if (document.xml.error.text.isEmpty()) {
+        checkProlog(document, findings);
+        checkShape(document, findings);
+        if (findings.list.isEmpty())
+            checkMeaning(document, product, findings);
+    } else {
+        findings.add(Finding::Error, document.xml.error.offset, document.xml.error.text);
+    }
     std::stable_sort(findings.list.begin(), findings.list.end(),
                      [](const Finding &a, const Finding &b) {
                          return std::tie(a.position.line, a.position.column)

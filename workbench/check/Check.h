@@ -1,6 +1,6 @@
 #pragma once
 
-#include "check/Finding.h"
+#include "document/Finding.h"
 
 namespace Quenda::Workbench {
 

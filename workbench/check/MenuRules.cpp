@@ -1,306 +1,209 @@
 #include "check/Rules.h"
+#include "document/MenuDocument.h"
 
-#include <QAction>
-#include <QActionGroup>
-#include <QMenuBar>
-#include <QMetaProperty>
-
-#include <iterator>
+#include <QKeySequence>
+#include <QSet>
 
 namespace Quenda::Workbench {
 
 namespace {
 
-// What has properties, and those of the format; Qt knows all that there are.
-struct Owner
+QString portable(const QKeySequence &keys)
 {
-    const char *name;
-    const QMetaObject *meta;
-    const char *properties;
-};
+    return keys.toString(QKeySequence::PortableText);
+}
 
-const Owner menuBarOwner {"QMenuBar", &QMenuBar::staticMetaObject, "geometry"};
-const Owner menuOwner {"QMenu", &QMenu::staticMetaObject, "title"};
-const Owner actionOwner {"action", &QAction::staticMetaObject,
-                         "text shortcut checkable checked icon iconVisibleInMenu autoRepeat"};
-const Owner groupOwner {"actiongroup", &QActionGroup::staticMetaObject, ""};
-
-// The value element that QUiLoader needs for a property; empty where it is none that the bench can
-// judge.
-QString valueElement(const QMetaProperty &property)
+bool isReadable(const QKeySequence &keys, const QString &text)
 {
-    if (!property.isWritable() || property.isFlagType())
-        return {};
-    if (property.isEnumType())
-        return QStringLiteral("enum");
-    switch (property.userType()) {
-    case QMetaType::QString:
-    case QMetaType::QKeySequence:
-        return QStringLiteral("string");
-    case QMetaType::Bool:
-        return QStringLiteral("bool");
-    case QMetaType::QIcon:
-        return QStringLiteral("iconset");
-    case QMetaType::QRect:
-        return QStringLiteral("rect");
-    default:
-        return {};
+    for (int i = 0; i < keys.count(); ++i)
+        if (keys[static_cast<uint>(i)] == Qt::Key_unknown)
+            return false;
+    // Qt drops what is behind the fourth key.
+    const QLatin1Char comma(',');
+    return !keys.isEmpty() && portable(keys).count(comma) == text.count(comma);
+}
+
+// The shortcuts of the actions and, before them, the mnemonics of the menu bar.
+void checkShortcuts(const XmlElement &menuBar, Findings &findings)
+{
+    QVector<QPair<QKeySequence, QString>> taken; // by whom
+    for (const XmlElement &object : menuBar.children) {
+        const bool isMenu = object.is("widget");
+        const XmlElement *value = propertyOf(object, QLatin1String(isMenu ? "title" : "shortcut"));
+        if (!value)
+            continue;
+        const auto keys = isMenu
+                              ? QKeySequence::mnemonic(value->text)
+                              : QKeySequence::fromString(value->text, QKeySequence::PortableText);
+        const int place = value->offsetOfText();
+        const bool isWrong = !isMenu && !isReadable(keys, value->text);
+        if (isWrong)
+            findings.error(place, "\"%1\" is no shortcut; expected one to four keys such as Ctrl+S",
+                           value->text);
+        if (isWrong || keys.isEmpty())
+            continue;
+        if (keys.count() == 1 && (keys[0] & ~int(Qt::ShiftModifier)) < Qt::Key_Escape)
+            findings.warning(place, "\"%1\" takes a character from typing; expected Ctrl or Alt",
+                             value->text);
+        // One that begins another takes all its keys.
+        const auto conflict = std::find_if(taken.begin(), taken.end(), [&keys](const auto &other) {
+            return keys.matches(other.first) != QKeySequence::NoMatch
+                   || other.first.matches(keys) != QKeySequence::NoMatch;
+        });
+        if (conflict != taken.end())
+            findings.add(isMenu ? Finding::Warning : Finding::Error, place,
+                         compose("\"%1\" of \"%2\" is taken by \"%3\" of \"%4\"; expected another",
+                                 portable(keys), object.value("name"), portable(conflict->first),
+                                 conflict->second));
+        taken.append({keys, object.value("name")});
     }
 }
 
 class MenuChecker
 {
 public:
-    MenuChecker(const Document &checked, Findings &collected)
-        : menus(MenuDocument::read(checked.xml)), findings(collected)
-    {
-    }
+    MenuChecker(const XmlElement &bar, Findings &collected) : menuBar(bar), findings(collected) { }
 
     void check()
     {
-        if (!menus.bar.xml)
-            return; // reported with the shape
-        objectNames.insert(menus.bar.name);
-        checkProperties(*menus.bar.xml, menuBarOwner);
-        for (const MenuDocument::Menu &menu : menus.bar.subMenus)
-            checkMenu(menu);
-        for (const MenuDocument::Object &action : menus.actions)
-            checkAction(action);
-        checkItems(menus.bar);
-        checkShortcuts(menus, findings);
+        objectNames.insert(menuBar.value("name"));
+        checkObjects(menuBar);
+        checkItems(menuBar);
+        checkShortcuts(menuBar, findings);
     }
 
 private:
-    void checkObjectName(const MenuDocument::Object &object)
+    // The menus and actions, at any depth.
+    void checkObjects(const XmlElement &parent)
     {
-        const int place = object.xml->offsetOf("name");
-        if (object.isSeparator())
-            findings.error(place, "\"separator\" is the name of separators; expected another");
-        else if (objectNames.contains(object.name) && !findings.isWrong(place))
-            findings.error(place, "object name \"%1\" stands twice; expected once", object.name);
-        hasBadName = hasBadName || object.name.isEmpty() || findings.isWrong(place);
-        objectNames.insert(object.name);
+        for (const XmlElement &child : parent.children) {
+            if (!child.is("widget") && !child.is("action"))
+                continue;
+            checkName(child);
+            checkProperties(child);
+            checkLabel(child, QLatin1String(child.is("widget") ? "title" : "text"));
+            checkObjects(child);
+        }
     }
 
-    void checkProperties(const XmlElement &object, const Owner &owner)
+    void checkName(const XmlElement &object)
+    {
+        const QString name = object.value("name");
+        const int place = object.offsetOf("name");
+        if (name == QLatin1String("separator"))
+            findings.error(place, "\"separator\" is the name of separators; expected another");
+        else if (objectNames.contains(name))
+            findings.error(place, "object name \"%1\" stands twice; expected once", name);
+        objectNames.insert(name);
+    }
+
+    void checkProperties(const XmlElement &object)
     {
         QSet<QString> seen;
         for (const XmlElement &property : object.children) {
-            if (!property.is("property") || !property.has("name"))
+            if (!property.is("property"))
                 continue;
             const QString name = property.value("name");
             if (seen.contains(name))
                 findings.error(property.offset, "property \"%1\" stands twice; expected once",
                                name);
+            if (name == QLatin1String("checked") && !seen.contains(QStringLiteral("checkable")))
+                findings.error(
+                    property.offset,
+                    "\"%1\" is checked before it is checkable; expected \"checkable\" in front",
+                    object.value("name"));
+            if (name == QLatin1String("icon"))
+                checkIcon(property.children.front());
             seen.insert(name);
-            if (property.children.size() > 1 && !findings.isWrong(property.children.at(1).offset))
-                findings.error(property.children.at(1).offset,
-                               "a second value in property \"%1\"; expected one", name);
-            checkProperty(property, name, owner);
         }
     }
 
-    void checkProperty(const XmlElement &property, const QString &name, const Owner &owner)
+    void checkIcon(const XmlElement &icon)
     {
-        const QStringList names =
-            QString::fromLatin1(owner.properties).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        const int index = owner.meta->indexOfProperty(name.toUtf8().constData());
-        const QMetaProperty meta = owner.meta->property(index);
-        // The first, the object name, would rename what others refer to.
-        const QString expected = index < 1 ? QString() : valueElement(meta);
-        if (expected.isEmpty())
-            return findings.error(property.offsetOf("name"),
-                                  index < 1 ? "unknown property \"%1\" of %2; expected: %3%4"
-                                            : "property \"%1\" of %2 is beyond the format; "
-                                              "expected: %3%4",
-                                  name, owner.name, listed(names),
-                                  suggestion(meantName(name, names)));
-        if (!names.contains(name))
-            findings.beyondFormat(property.offset, compose("property \"%1\"", name));
-        if (findings.isWrong(property.offsetOfText()))
-            return;
-        if (property.children.empty())
-            return findings.error(property.offset, "property \"%1\" holds nothing; expected <%2>",
-                                  name, expected);
-        const XmlElement &value = property.children.front();
-        if (value.name != expected && !findings.isWrong(value.offset))
-            findings.error(value.offset, "property \"%1\" holds <%2>; expected <%3>", name,
-                           value.name, expected);
-        else if (meta.isEnumType())
-            checkEnum(value, meta);
-        else if (name == QLatin1String("styleSheet"))
-            checkStyleSheet(value.text, value.offsetOfText(), findings);
-        else if (value.is("iconset") && !value.has("theme"))
-            checkIcon(value);
-    }
-
-    void checkEnum(const XmlElement &value, const QMetaProperty &property)
-    {
-        bool ok = false;
-        property.enumerator().keyToValue(value.text.toUtf8().constData(), &ok);
-        if (!ok)
-            findings.error(value.offsetOfText(),
-                           "property \"%1\" is \"%2\"; expected one of its values in Qt",
-                           property.name(), value.text);
-    }
-
-    void checkIcon(const XmlElement &value)
-    {
-        const XmlElement *file = value.child("normaloff");
-        if (!file)
-            findings.error(value.offset, "an icon without <normaloff>; expected one");
-        else if (!file->text.startsWith(QLatin1String(":/")) || file->text != file->text.trimmed())
-            findings.error(file->offsetOfText(),
-                           "icon path \"%1\" is no resource; expected one such as "
-                           ":/images/actions/notch_v.png",
-                           file->text);
-        else if (value.text.trimmed() != file->text)
-            findings.error(value.offsetOfText(),
+        const XmlElement *file = icon.child("normaloff");
+        if (!icon.has("theme") && (!file || file->text == QLatin1String(".")))
+            findings.error(icon.offset, "an icon without <normaloff>; expected one");
+        else if (file && icon.text.trimmed() != file->text)
+            findings.error(icon.offsetOfText(),
                            "the icon's path is \"%1\" behind <normaloff> and \"%2\" in it; "
                            "expected the same twice",
-                           value.text.trimmed(), file->text);
+                           icon.text.trimmed(), file->text);
     }
 
-    // Whether what is missed may be there, but is wrong.
-    bool hasWrongPart(const XmlElement &object) const
+    // What users read of it.
+    void checkLabel(const XmlElement &object, const QString &property)
     {
-        return std::any_of(
-            object.children.begin(), object.children.end(), [this](const XmlElement &part) {
-                return findings.isWrong(part.offset) || findings.isWrong(part.offsetOf("name"))
-                       || findings.isWrong(part.offsetOfText());
-            });
-    }
-
-    // What users read: an action's text or a menu's title.
-    void checkLabel(const MenuDocument::Object &object, const char *property)
-    {
-        const XmlElement *value = propertyOf(*object.xml, property);
-        const QString text = propertyText(*object.xml, property);
-        if (text.isEmpty() && hasWrongPart(*object.xml))
-            return;
+        const XmlElement *value = propertyOf(object, property);
+        const QString text = value ? value->text : QString();
+        const int place = value ? value->offsetOfText() : object.offset;
         if (text.isEmpty())
-            return findings.error(value ? value->offset : object.xml->offset,
-                                  "\"%1\" has no %2; expected a \"%2\"", object.name, property);
-        const int place = value->offsetOfText();
+            return findings.error(place, "\"%1\" has no %2; expected one", object.value("name"),
+                                  property);
         if (text != text.trimmed())
             findings.warning(place, "white space around \"%1\"; expected none", text);
         QString marks = text;
         marks.remove(QLatin1String("&&"));
-        const int mnemonics = marks.count(QLatin1Char('&'));
-        for (int i = marks.indexOf(QLatin1Char('&')); i >= 0;
-             i = marks.indexOf(QLatin1Char('&'), i + 1))
-            if (i + 1 == marks.size() || marks.at(i + 1).isSpace())
-                return findings.error(
-                    place,
-                    "a lone \"&\" in \"%1\" is not shown; expected \"&&\", written \"&amp;&amp;\"",
-                    text);
-        if (mnemonics > 1)
-            findings.error(place, "%1 mnemonics in \"%2\"; expected one \"&\" at the most",
-                           mnemonics, text);
+        if (marks.count(QLatin1Char('&')) > 1)
+            findings.error(place, "several mnemonics in \"%1\"; expected one \"&\" at the most",
+                           text);
+        const int mark = marks.indexOf(QLatin1Char('&'));
+        if (mark >= 0 && marks.mid(mark + 1, 1).trimmed().isEmpty())
+            findings.error(
+                place,
+                "a lone \"&\" in \"%1\" is not shown; expected \"&&\", written \"&amp;&amp;\"",
+                text);
     }
 
-    void checkAction(const MenuDocument::Object &action)
-    {
-        const XmlElement &xml = *action.xml;
-        const bool isAction = xml.is("action");
-        if (findings.isWrong(xml.offset)) // in another place than it can be
-            return;
-        checkObjectName(action);
-        checkProperties(xml, isAction ? actionOwner : groupOwner);
-        if (!isAction)
-            return;
-        checkLabel(action, "text");
-        const XmlElement *checkable = propertyOf(xml, "checkable");
-        const XmlElement *checked = propertyOf(xml, "checked");
-        if (propertyText(xml, "checked") == QLatin1String("true")
-            && (propertyText(xml, "checkable") != QLatin1String("true")
-                || checkable->offset > checked->offset))
-            findings.error(checked->offset,
-                           "\"%1\" is checked before it is checkable; expected \"checkable\" first",
-                           action.name);
-        const XmlElement *iconVisible = propertyOf(xml, "iconVisibleInMenu");
-        if (iconVisible && !propertyOf(xml, "icon"))
-            findings.warning(iconVisible->offset,
-                             "\"%1\" has no icon to show; expected an \"icon\"", action.name);
-    }
-
-    void checkMenu(const MenuDocument::Menu &menu)
-    {
-        checkObjectName(menu);
-        checkProperties(*menu.xml, menuOwner);
-        checkLabel(menu, "title");
-        for (const MenuDocument::Menu &subMenu : menu.subMenus)
-            checkMenu(subMenu);
-    }
-
-    void checkItems(const MenuDocument::Menu &menu)
+    void checkItems(const XmlElement &menu)
     {
         QSet<QString> placed;
-        QMap<QString, QString> mnemonics; // to the item that has it
-        bool hasUnknown = false;
-        for (const MenuDocument::Object &item : menu.items) {
-            if (item.isSeparator() || !item.xml->has("name"))
+        for (const XmlElement &item : menu.children) {
+            const QString name = item.value("name");
+            if (!item.is("addaction") || name == QLatin1String("separator"))
                 continue;
-            const int place = item.xml->offsetOf("name");
-            const MenuDocument::Menu *subMenu = menu.subMenu(item.name);
-            const XmlElement *action = menus.action(item.name);
-            if (!subMenu && !action) {
-                hasUnknown = true;
-                if (!hasBadName
-                    && !unknown.contains(item.name)) // or it names what is without its name
-                    reportUnknown(item, menu);
-                unknown.insert(item.name);
-                continue;
-            }
-            if (placed.contains(item.name))
+            if (!shownBy(item, menu, menuBar))
+                reportUnknown(item, menu);
+            if (placed.contains(name))
                 findings.error(
-                    place,
+                    item.offsetOf("name"),
                     "\"%1\" stands twice in \"%2\", and only the last is shown; expected once",
-                    item.name, menu.name);
-            placed.insert(item.name);
-            const QString mnemonic = mnemonicOf(subMenu ? propertyText(*subMenu->xml, "title")
-                                                        : propertyText(*action, "text"));
-            const QString holder = mnemonics.value(mnemonic, item.name);
-            if (mnemonic.isEmpty() || holder == item.name)
-                mnemonics.insert(mnemonic, item.name);
-            else
-                findings.warning(place, "\"%1\" and \"%2\" share the mnemonic %3", holder,
-                                 item.name, mnemonic);
+                    name, menu.value("name"));
+            placed.insert(name);
         }
-        for (const MenuDocument::Menu &subMenu : menu.subMenus) {
+        for (const XmlElement &subMenu : menu.children) {
+            if (!subMenu.is("widget"))
+                continue;
             checkItems(subMenu);
-            if (!placed.contains(subMenu.name) && !hasUnknown) // which is likely to be this one
-                findings.error(subMenu.xml->offset,
+            if (!placed.contains(subMenu.value("name")))
+                findings.error(subMenu.offset,
                                "menu \"%1\" is placed nowhere; expected an <addaction> in \"%2\"",
-                               subMenu.name, menu.name);
+                               subMenu.value("name"), menu.value("name"));
         }
     }
 
-    void reportUnknown(const MenuDocument::Object &item, const MenuDocument::Menu &menu)
+    void reportUnknown(const XmlElement &item, const XmlElement &menu)
     {
         QStringList names {QStringLiteral("separator")};
-        for (const MenuDocument::Menu &subMenu : menu.subMenus)
-            names += subMenu.name;
-        for (const MenuDocument::Object &action : menus.actions)
-            names += action.name;
+        for (const XmlElement *parent : {&menu, &menuBar})
+            for (const XmlElement &object : parent->children)
+                if (object.is("action") || (object.is("widget") && parent == &menu))
+                    names += object.value("name");
         findings.error(
-            item.xml->offsetOf("name"),
+            item.offsetOf("name"),
             "\"%1\" names nothing; expected an action, a sub-menu of \"%2\" or separator%3",
-            item.name, menu.name, suggestion(meantName(item.name, names)));
+            item.value("name"), menu.value("name"), suggestion(item.value("name"), names));
     }
 
-    const MenuDocument menus;
+    const XmlElement &menuBar;
     Findings &findings;
     QSet<QString> objectNames;
-    QSet<QString> unknown; // names of items that name nothing
-    bool hasBadName = false;
 };
 
 } // namespace
 
 void checkMenus(const Document &document, Findings &findings)
 {
-    MenuChecker(document, findings).check();
+    MenuChecker(*document.xml.root.child("widget"), findings).check();
 }
 
 } // namespace Quenda::Workbench

@@ -1,10 +1,31 @@
 #include "check/Rules.h"
-#include "document/HostState.h"
 #include "document/ToolDocument.h"
+
+#include <QSet>
+#include <QToolButton>
 
 namespace Quenda::Workbench {
 
 namespace {
+
+// Qt says only by a message that it could not read a style sheet.
+bool isReadable = true;
+
+void listen(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    isReadable = isReadable && !message.startsWith(QLatin1String("Could not parse stylesheet"));
+}
+
+bool isStyleSheet(const QString &text)
+{
+    isReadable = true;
+    const QtMessageHandler previous = qInstallMessageHandler(listen);
+    QToolButton button;
+    button.setStyleSheet(text);
+    button.ensurePolished(); // which reads it
+    qInstallMessageHandler(previous);
+    return isReadable;
+}
 
 // The cells of a keypad.
 constexpr QRect keypadGrid(0, 0, 4, 5);
@@ -14,7 +35,7 @@ class ToolChecker
 public:
     ToolChecker(const Document &checked, const QString &product, Findings &collected)
         : document(checked),
-          tools(ToolDocument::read(checked.xml)),
+          root(checked.xml.root),
           states(hostStates(product)),
           findings(collected)
     {
@@ -22,24 +43,20 @@ public:
 
     void check()
     {
-        QSet<QString> ids;
-        for (const XmlElement *module : tools.modules)
-            checkUnique(ids, *module, "module", module->value("id"));
-        const auto gridBoxes = tools.toolBoxes + tools.keypads;
-        for (const ToolDocument::Box &box : gridBoxes) {
-            checkStyleSheet(box.buttonStyle, box.xml->offsetOf("button-style"), findings);
-            checkBox(box);
+        checkUnique(root, "module");
+        checkUnique(root, "toolbar");
+        checkReferences();
+        for (const XmlElement &part : root.children) {
+            if (part.is("module"))
+                continue;
+            checkItems(part);
+            checkModes(part);
+            checkOverlap(part);
+            if (!isStyleSheet(part.value("button-style")))
+                findings.error(
+                    part.offsetOf("button-style"),
+                    "a style sheet that Qt cannot read; expected Qt's style sheet syntax");
         }
-        for (const ToolDocument::Box &pad : tools.keypads)
-            checkCells(pad);
-        ids.clear();
-        for (const ToolDocument::Box &bar : tools.toolBars) {
-            checkUnique(ids, *bar.xml, "tool bar", bar.id);
-            checkBox(bar);
-        }
-        checkOverlap(tools.toolBoxes);
-        checkOverlap(tools.toolBars);
-        checkReferences(document.xml.root);
     }
 
 private:
@@ -48,58 +65,82 @@ private:
         return positionOf(document.xml.content, element.offset).line;
     }
 
-    void checkUnique(QSet<QString> &seen, const XmlElement &element, const char *what,
-                     const QString &key)
+    // Children of one name and one module are told apart by their ids.
+    void checkUnique(const XmlElement &parent, const char *name)
     {
-        const QString id = element.value("id");
-        if (!id.isEmpty() && seen.contains(key))
-            findings.error(element.offsetOf("id"), "%1 \"%2\" stands twice; expected once", what,
-                           id);
-        seen.insert(key);
-    }
-
-    // All users in the order of the document; a module that one of them misses is reported once.
-    void checkReferences(const XmlElement &parent)
-    {
-        for (const XmlElement &element : parent.children) {
-            checkReferences(element);
-            const XmlAttribute *reference = element.find("xlink:href");
-            if (!reference || reported.contains(reference->value))
+        QSet<QString> seen;
+        for (const XmlElement &child : parent.children) {
+            if (!child.is(name))
                 continue;
-            const bool isReference = reference->value.startsWith(QLatin1Char('#'));
-            const XmlElement *module =
-                isReference ? tools.module(reference->value.mid(1)) : nullptr;
-            if (module && module->offset < element.offset)
-                continue;
-            if (isReference)
-                reported.insert(reference->value);
-            if (isReference && !module && hasWrongModule())
-                continue;
-            if (module) {
-                findings.error(
-                    reference->offset,
-                    "module \"%1\" stands later, in line %2; expected before its first use",
-                    module->value("id"), lineOf(*module));
-                continue;
-            }
-            QStringList ids;
-            for (const XmlElement *one : tools.modules)
-                ids += QLatin1Char('#') + one->value("id");
-            findings.error(
-                reference->offset, "\"xlink:href\" is \"%1\", which is no module; expected: %2",
-                reference->value, ids.isEmpty() ? QStringLiteral("a <module>") : listed(ids));
+            const QString key = child.value("xlink:href") + QLatin1Char('\n') + child.value("id");
+            if (seen.contains(key))
+                findings.error(child.offsetOf("id"), "<%1> \"%2\" stands twice; expected once",
+                               name, child.value("id"));
+            seen.insert(key);
         }
     }
 
-    // Whether a module that is missed may be there, but is wrong.
-    bool hasWrongModule() const
+    // A module that several miss is reported once.
+    void checkReferences()
     {
-        const auto &parts = document.xml.root.children;
-        return std::any_of(parts.begin(), parts.end(), [this](const XmlElement &part) {
-            return findings.isWrong(part.offset)
-                   || (part.is("module")
-                       && (!part.has("id") || findings.isWrong(part.offsetOf("id"))));
-        });
+        QStringList modules;
+        QSet<QString> missed;
+        for (const XmlElement &part : root.children) {
+            if (part.is("module"))
+                modules += QLatin1Char('#') + part.value("id");
+            for (const XmlElement &item : part.children) {
+                const QString reference = item.value("xlink:href");
+                if (!item.has("xlink:href") || modules.contains(reference)
+                    || missed.contains(reference))
+                    continue;
+                missed.insert(reference);
+                const int place = item.offsetOf("xlink:href");
+                if (const XmlElement *module = moduleOf(item, root))
+                    findings.error(
+                        place,
+                        "module \"%1\" stands later, in line %2; expected before its first use",
+                        module->value("id"), lineOf(*module));
+                else
+                    findings.error(
+                        place, "\"xlink:href\" is \"%1\", which is no module; expected %2%3",
+                        reference, modules.isEmpty() ? compose("a <module>") : listed(modules),
+                        suggestion(reference, modules));
+            }
+        }
+    }
+
+    void checkItems(const XmlElement &box)
+    {
+        if (box.children.empty())
+            findings.warning(box.offset, "<%1> holds nothing; expected tools", box.name);
+        checkUnique(box, "tool");
+        checkUnique(box, "key");
+        QSet<QString> groups;
+        QString previous;
+        for (const XmlElement &item : box.children) {
+            const QString group = item.value("group");
+            if (!group.isEmpty() && group != previous && groups.contains(group))
+                findings.error(item.offsetOf("group"),
+                               "tool \"%1\" stands apart from its group \"%2\"; expected beside it",
+                               item.value("id"), group);
+            groups.insert(group);
+            previous = group;
+            if (item.is("key"))
+                checkCells(item, box);
+        }
+    }
+
+    void checkCells(const XmlElement &key, const XmlElement &keypad)
+    {
+        if (!keypadGrid.contains(cellsOf(key)))
+            findings.error(key.offset,
+                           "key \"%1\" leaves the grid; expected within %2 rows and %3 columns",
+                           key.value("id"), keypadGrid.height(), keypadGrid.width());
+        for (const XmlElement &other : keypad.children)
+            if (other.offset < key.offset && cellsOf(key).intersects(cellsOf(other)))
+                findings.error(key.offset,
+                               "key \"%1\" lies on top of key \"%2\"; expected free cells",
+                               key.value("id"), other.value("id"));
     }
 
     // Null when no state meets the mask, or none is known.
@@ -111,100 +152,53 @@ private:
         return found == states.end() ? nullptr : &*found;
     }
 
-    // The element's mask within its box's.
-    void checkMode(const XmlElement &element, quint32 mode, quint32 boxMode)
+    void checkModes(const XmlElement &box)
     {
-        const int place = element.offsetOf("mode");
-        if (!element.has("mode") || findings.isWrong(place) || states.isEmpty())
+        if (states.isEmpty() || !checkMode(box, ~quint32(0), ""))
             return;
-        quint32 unknownBits = mode;
-        for (const HostState &state : states)
-            unknownBits &= ~state.code;
-        if (!firstState(mode & boxMode))
-            findings.error(place,
-                           "no state meets \"mode\" \"%1\"%2; expected all bits of one at "
-                           "least",
-                           element.value("mode"), boxMode == everyState ? "" : " in this box");
-        else if (unknownBits)
-            findings.warning(place, "\"mode\" \"%1\" has bits of no state, 0x%2",
-                             element.value("mode"), QString::number(unknownBits, 16));
+        QSet<quint32> wrong; // for all that have one mask, as the cause may be the box's own
+        for (const XmlElement &item : box.children)
+            if (!wrong.contains(modeOf(item)) && !checkMode(item, modeOf(box), " in this box"))
+                wrong.insert(modeOf(item));
     }
 
-    void checkBox(const ToolDocument::Box &box)
+    // Whether a state meets the element's mask in its box.
+    bool checkMode(const XmlElement &element, quint32 boxMode, const char *where)
     {
-        checkMode(*box.xml, box.mode, everyState);
-        // Items are not blamed for their box.
-        quint32 boxMode = findings.isWrong(box.xml->offsetOf("mode")) ? everyState : box.mode;
-        const char *content = box.xml->is("keypad") ? "keys" : "tools";
-        if (box.items.isEmpty())
-            findings.warning(box.xml->offset, "<%1> holds nothing; expected %2", box.xml->name,
-                             content);
-        QSet<QString> ids;
-        QSet<QString> groups;
-        QString previousGroup;
-        for (const ToolDocument::Item &item : box.items) {
-            checkMode(*item.xml, item.mode, boxMode);
-            if (findings.isWrong(item.xml->offsetOf("mode")))
-                boxMode = everyState; // the others may have the same cause
-            if (!item.isSeparator)
-                checkUnique(ids, *item.xml, item.xml->is("key") ? "key" : "tool",
-                            item.module + QLatin1Char('#') + item.id);
-            if (!item.group.isEmpty() && item.group != previousGroup && groups.contains(item.group))
-                findings.error(item.xml->offsetOf("group"),
-                               "tool \"%1\" stands apart from its group \"%2\"; expected beside it",
-                               item.id, item.group);
-            groups.insert(item.group);
-            previousGroup = item.group;
+        if (!firstState(modeOf(element) & boxMode)) {
+            findings.error(element.offsetOf("mode"),
+                           "no state meets \"mode\" \"%1\"%2; expected all bits of one at least",
+                           element.value("mode"), where);
+            return false;
         }
+        quint32 unknown = element.has("mode") ? modeOf(element) : 0;
+        for (const HostState &state : states)
+            unknown &= ~state.code;
+        if (unknown)
+            findings.warning(element.offsetOf("mode"),
+                             "\"mode\" \"%1\" has bits of no state, 0x%2; expected bits of states",
+                             element.value("mode"), QString::number(unknown, 16));
+        return true;
     }
 
-    // Two tool boxes in one state, or two tool bars that users cannot tell apart.
-    void checkOverlap(const QVector<ToolDocument::Box> &boxes)
+    // A second tool box in one state, or a second tool bar that users cannot tell from the first.
+    void checkOverlap(const XmlElement &box)
     {
-        for (auto box = boxes.begin(); box != boxes.end(); ++box)
-            for (auto other = boxes.begin(); other != box; ++other) {
-                const HostState *state = firstState(box->mode & other->mode);
-                if (!state || box->title != other->title
-                    || findings.isWrong(box->xml->offsetOf("id")))
-                    continue;
-                const QString title = compose(" titled \"%1\"", box->title);
-                findings.warning(box->xml->offset,
-                                 "a second <%1>%2 in the state \"%3\"; the first is in line %4",
-                                 box->xml->name, box->xml->is("toolbar") ? title : QString(),
-                                 state->name, lineOf(*other->xml));
-                break;
-            }
-    }
-
-    void checkCells(const ToolDocument::Box &pad)
-    {
-        QVector<ToolDocument::Item> placed;
-        for (const ToolDocument::Item &key : pad.items) {
-            const char *const numbers[] {"row", "column", "rowSpan", "columnSpan"};
-            if (!std::all_of(std::begin(numbers), std::end(numbers), [&](const char *number) {
-                    return key.xml->has(number) && !findings.isWrong(key.xml->offsetOf(number));
-                }))
+        for (const XmlElement &other : root.children) {
+            const HostState *state = firstState(modeOf(box) & modeOf(other));
+            if (other.offset >= box.offset || other.name != box.name || !state
+                || other.value("title") != box.value("title"))
                 continue;
-            if (findings.isWrong(key.xml->offsetOf("id")))
-                continue;
-            if (!keypadGrid.contains(key.cells))
-                findings.error(key.xml->offset,
-                               "key \"%1\" leaves the grid; expected within %2 rows and %3 "
-                               "columns, counted from 0",
-                               key.id, keypadGrid.height(), keypadGrid.width());
-            for (const ToolDocument::Item &other : qAsConst(placed))
-                if (key.cells.intersects(other.cells) && !findings.isWrong(key.xml->offset))
-                    findings.error(key.xml->offset,
-                                   "key \"%1\" lies on top of key \"%2\"; expected free cells",
-                                   key.id, other.id);
-            placed.append(key);
+            const QString title = compose(" titled \"%1\"", box.value("title"));
+            return findings.warning(
+                box.offset, "a second <%1>%2 in the state \"%3\"; expected one, as in line %4",
+                box.name, box.has("title") ? title : QString(), state->name, lineOf(other));
         }
     }
 
     const Document &document;
-    const ToolDocument tools;
+    const XmlElement &root;
     const QVector<HostState> states;
-    QSet<QString> reported; // references to modules that were missed
     Findings &findings;
 };
 

@@ -2,59 +2,26 @@
 
 namespace Quenda::Workbench {
 
-namespace {
-
-MenuDocument::Menu readMenu(const XmlElement &element)
+const XmlElement *objectIn(const XmlElement &parent, const char *element, const QString &name)
 {
-    MenuDocument::Menu menu {{element.value("name"), &element}, {}, {}};
-    for (const XmlElement &child : element.children) {
-        if (child.is("widget"))
-            menu.subMenus.push_back(readMenu(child));
-        else if (child.is("addaction"))
-            menu.items.append({child.value("name"), &child});
-    }
-    return menu;
+    const auto &children = parent.children;
+    const auto found = std::find_if(children.begin(), children.end(), [&](const XmlElement &one) {
+        return one.is(element) && one.value("name") == name;
+    });
+    return found == children.end() ? nullptr : &*found;
 }
 
-// In the menu bar, in an action group or, by mistake, in a menu.
-void readActions(const XmlElement &element, QVector<MenuDocument::Object> &actions)
+const XmlElement *shownBy(const XmlElement &item, const XmlElement &menu, const XmlElement &menuBar)
 {
-    for (const XmlElement &child : element.children) {
-        if (child.is("action") || child.is("actiongroup"))
-            actions.append({child.value("name"), &child});
-        readActions(child, actions);
-    }
+    const QString name = item.value("name");
+    const XmlElement *subMenu = objectIn(menu, "widget", name);
+    return subMenu ? subMenu : objectIn(menuBar, "action", name);
 }
 
-} // namespace
-
-MenuDocument MenuDocument::read(const XmlDocument &xml)
+const XmlElement *propertyOf(const XmlElement &object, const QString &property)
 {
-    MenuDocument document;
-    if (const XmlElement *bar = xml.root.child("widget"))
-        document.bar = readMenu(*bar);
-    readActions(xml.root, document.actions);
-    return document;
-}
-
-const XmlElement *MenuDocument::action(const QString &name) const
-{
-    const Object *found = findNamed(actions, name);
-    return found && found->xml->is("action") ? found->xml : nullptr;
-}
-
-const XmlElement *propertyOf(const XmlElement &object, const char *property)
-{
-    for (const XmlElement &child : object.children)
-        if (child.is("property") && child.value("name") == QLatin1String(property))
-            return child.children.empty() ? nullptr : &child.children.front();
-    return nullptr;
-}
-
-QString propertyText(const XmlElement &object, const char *property)
-{
-    const XmlElement *value = propertyOf(object, property);
-    return value ? value->text : QString();
+    const XmlElement *found = objectIn(object, "property", property);
+    return found ? &found->children.front() : nullptr;
 }
 
 } // namespace Quenda::Workbench

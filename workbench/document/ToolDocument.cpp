@@ -1,91 +1,58 @@
 #include "document/ToolDocument.h"
 
-#include <QRegularExpression>
-
 namespace Quenda::Workbench {
 
-namespace {
-
-int number(const XmlElement &element, const char *attribute, int otherwise)
+QVector<HostState> hostStates(const QString &product)
 {
-    return numberFromText(element.value(attribute)).value_or(otherwise);
+    if (product == QLatin1String("lorvan")) // one document bit combined with one view bit
+        return {
+            {0x11, QStringLiteral("style document, grading view")},
+            {0x21, QStringLiteral("style document, non-grading view")},
+            {0x12, QStringLiteral("base document, grading view")},
+            {0x22, QStringLiteral("base document, non-grading view")},
+            {0x14, QStringLiteral("frame document, grading view")},
+            {0x24, QStringLiteral("frame document, non-grading view")},
+            {0x18, QStringLiteral("changeset document, grading view")},
+            {0x28, QStringLiteral("changeset document, non-grading view")},
+        };
+    if (product == QLatin1String("tesmar")) // one bit a view
+        return {
+            {0x01, QStringLiteral("full view")},
+            {0x02, QStringLiteral("cut view")},
+            {0x04, QStringLiteral("OptiCut view")},
+            {0x08, QStringLiteral("tool view")},
+            {0x10, QStringLiteral("link piece view")},
+            {0x20, QStringLiteral("pattern refreshment")},
+        };
+    return {};
 }
-
-quint32 mode(const XmlElement &element)
-{
-    return element.has("mode") ? maskFromText(element.value("mode")).value_or(0) : everyState;
-}
-
-ToolDocument::Item readItem(const XmlElement &element)
-{
-    return {&element,
-            element.is("separator"),
-            element.value("id"),
-            element.value("xlink:href").mid(1),
-            element.value("group"),
-            mode(element),
-            {number(element, "column", 0), number(element, "row", 0),
-             number(element, "columnSpan", 1), number(element, "rowSpan", 1)}};
-}
-
-ToolDocument::Box readBox(const XmlElement &element)
-{
-    ToolDocument::Box box;
-    box.xml = &element;
-    box.id = element.value("id");
-    box.title = element.value("title");
-    box.startsRow = element.value("break") == QLatin1String("true");
-    box.columns = number(element, "columns", 1);
-    box.margin = number(element, "margin", 0);
-    box.spacing = number(element, "spacing", 0);
-    box.buttonStyle = element.value("button-style");
-    box.mode = mode(element);
-    for (const XmlElement &child : element.children)
-        if (child.is("tool") || child.is("separator") || child.is("key"))
-            box.items.append(readItem(child));
-    return box;
-}
-
-} // namespace
 
 std::optional<quint32> maskFromText(const QString &text)
 {
-    // toUInt() alone would also take signs and blanks.
-    static const QRegularExpression pattern(QStringLiteral("\\A(0x[0-9A-Fa-f]+|[0-9]+)\\z"));
     bool ok = false;
     const quint32 mask = text.toUInt(&ok, text.startsWith(QLatin1String("0x")) ? 16 : 10);
-    return ok && pattern.match(text).hasMatch() ? std::make_optional(mask) : std::nullopt;
+    return ok ? std::make_optional(mask) : std::nullopt;
 }
 
-std::optional<int> numberFromText(const QString &text)
+quint32 modeOf(const XmlElement &element)
 {
-    const bool isHexadecimal = text.startsWith(QLatin1String("0x"));
-    const auto number = isHexadecimal ? std::nullopt : maskFromText(text);
-    return number && *number <= 1000000 ? std::make_optional(int(*number)) : std::nullopt;
+    return element.has("mode") ? maskFromText(element.value("mode")).value_or(0) : 0xffffffff;
 }
 
-ToolDocument ToolDocument::read(const XmlDocument &xml)
+QRect cellsOf(const XmlElement &key)
 {
-    ToolDocument document;
-    for (const XmlElement &child : xml.root.children) {
-        if (child.is("module"))
-            document.modules.append(&child);
-        else if (child.is("toolbox"))
-            document.toolBoxes.append(readBox(child));
-        else if (child.is("keypad"))
-            document.keypads.append(readBox(child));
-        else if (child.is("toolbar"))
-            document.toolBars.append(readBox(child));
-    }
-    return document;
+    return {key.value("column").toInt(), key.value("row").toInt(), key.value("columnSpan").toInt(),
+            key.value("rowSpan").toInt()};
 }
 
-const XmlElement *ToolDocument::module(const QString &id) const
+const XmlElement *moduleOf(const XmlElement &item, const XmlElement &root)
 {
-    const auto found = std::find_if(modules.begin(), modules.end(), [&id](const XmlElement *one) {
-        return one->value("id") == id;
-    });
-    return found == modules.end() ? nullptr : *found;
+    const QString id = item.value("xlink:href").mid(1);
+    const auto found =
+        std::find_if(root.children.begin(), root.children.end(), [&id](const XmlElement &one) {
+            return one.is("module") && one.value("id") == id;
+        });
+    return found == root.children.end() ? nullptr : &*found;
 }
 
 } // namespace Quenda::Workbench

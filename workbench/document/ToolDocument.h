@@ -8,8 +8,17 @@
 
 namespace Quenda::Workbench {
 
-/** The mask of an element without a "mode": available in every state. */
-constexpr quint32 everyState = 0xffffffff;
+/** A state that the host of a product can be in. */
+struct HostState
+{
+    quint32 code; ///< The availability code, which masks are compared with.
+    QString name; ///< As the comments of the product's tool document call it.
+
+    QString label() const { return QStringLiteral("%1 (0x%2)").arg(name).arg(code, 0, 16); }
+};
+
+/** All states of the host of @p product, an id in lower case; none for a product unknown here. */
+QVector<HostState> hostStates(const QString &product);
 
 /**
  * Whether an element with the mask @p mode is available in the state with the availability code
@@ -24,51 +33,15 @@ constexpr bool isAvailable(quint32 mode, quint32 state)
 /** A mask or an availability code: hexadecimal after "0x", decimal otherwise, 32 bits at most. */
 std::optional<quint32> maskFromText(const QString &text);
 
-/** A whole decimal number, without sign, blanks or group separators; at most a million. */
-std::optional<int> numberFromText(const QString &text);
+// Of elements of a tool document that is of the right shape.
 
-/**
- * A tool document. What cannot be read has the value that stands here; a document in which nothing
- * is wrong has no such thing.
- */
-struct ToolDocument
-{
-    /** A tool, a separator, or a key of a keypad. */
-    struct Item
-    {
-        const XmlElement *xml;
-        bool isSeparator;
-        QString id;
-        QString module; ///< The id of the module that provides it.
-        QString group;
-        quint32 mode;
-        QRect cells; ///< Of a key, in the keypad's grid.
-    };
+/** The mask of an element; every bit where it says none. */
+quint32 modeOf(const XmlElement &element);
 
-    /** A tool box, a keypad, or a tool bar. */
-    struct Box
-    {
-        const XmlElement *xml = nullptr;
-        QString id; ///< As the next two, of a tool bar only.
-        QString title;
-        bool startsRow = false;
-        int columns = 1; ///< Of a tool box only.
-        int margin = 0;
-        int spacing = 0;
-        QString buttonStyle;
-        quint32 mode = everyState;
-        QVector<Item> items;
-    };
+/** The cells of a key in the keypad's grid. */
+QRect cellsOf(const XmlElement &key);
 
-    QVector<const XmlElement *> modules; ///< As all lists, in document order.
-    QVector<Box> toolBoxes;
-    QVector<Box> keypads;
-    QVector<Box> toolBars;
-
-    static ToolDocument read(const XmlDocument &xml);
-
-    /** The first module of the id, or null. */
-    const XmlElement *module(const QString &id) const;
-};
+/** The module that provides a tool or a key, of the document with this root; null without one. */
+const XmlElement *moduleOf(const XmlElement &item, const XmlElement &root);
 
 } // namespace Quenda::Workbench

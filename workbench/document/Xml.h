@@ -18,7 +18,7 @@ const typename List::value_type *findNamed(const List &list, const Name &name)
     return found == list.end() ? nullptr : &*found;
 }
 
-/** An attribute, and where its name begins. */
+/** An attribute, and where its name begins; as all offsets, in bytes of the document's content. */
 struct XmlAttribute
 {
     QString name;
@@ -26,7 +26,7 @@ struct XmlAttribute
     int offset;
 };
 
-/** An element with all that it holds but comments. Offsets count bytes of the content. */
+/** An element with all that it holds but comments. */
 struct XmlElement
 {
     QString name; ///< As written, prefix included.
@@ -36,17 +36,28 @@ struct XmlElement
     QString text; ///< Its own, in one piece; empty when it is nothing but white space.
     int textOffset = -1; ///< Of the text's first character that is no blank; -1 without a text.
 
-    bool is(const char *elementName) const { return name == QLatin1String(elementName); }
+    bool is(const char *tag) const { return name == QLatin1String(tag); }
     bool has(const char *attribute) const { return find(attribute); }
-    const XmlAttribute *find(const char *attribute) const;
+    const XmlElement *child(const char *tag) const
+    {
+        return findNamed(children, QLatin1String(tag));
+    }
+    const XmlAttribute *find(const char *attribute) const
+    {
+        return findNamed(attributes, QLatin1String(attribute));
+    }
     /** The attribute's value; empty when there is none. */
-    QString value(const char *attribute) const;
+    QString value(const char *attribute) const
+    {
+        return has(attribute) ? find(attribute)->value : QString();
+    }
     /** Where the attribute begins; the element itself when it has none of the name. */
-    int offsetOf(const char *attribute) const;
+    int offsetOf(const char *attribute) const
+    {
+        return has(attribute) ? find(attribute)->offset : offset;
+    }
     /** Where the text begins; the element itself when it has none. */
     int offsetOfText() const { return textOffset < 0 ? offset : textOffset; }
-    /** The first child element of the name, or null. */
-    const XmlElement *child(const char *childName) const;
 };
 
 /** Something that keeps a document from being read, and where it begins. */
@@ -59,7 +70,7 @@ struct XmlError
 /** An XML document that knows where everything stands. */
 struct XmlDocument
 {
-    QByteArray content; ///< The whole document, without a byte order mark.
+    QByteArray content; ///< All of it, but for a byte order mark.
     QString version; ///< Of the XML declaration, as the next; empty without one.
     QString encoding;
     QString documentType; ///< The name in the document type declaration; empty without one.
@@ -83,5 +94,8 @@ struct Position
 };
 
 Position positionOf(const QByteArray &content, int offset);
+
+/** The character that begins there, whole. */
+QString characterAt(const QByteArray &content, int offset);
 
 } // namespace Quenda::Workbench

@@ -1,172 +1,113 @@
 #include "outline/Outline.h"
 
-#include "document/EntryDocument.h"
 #include "document/MenuDocument.h"
 #include "document/Text.h"
+#include "format/Format.h"
 
-#include <QHash>
 #include <QSet>
 
 namespace Quenda::Workbench {
 
 namespace {
 
-// A line: how deep it is in the tree, and its cells, which stand below those of other lines.
-struct Row
+QString shown(const Value &value, const QString &text)
 {
-    int depth;
-    QStringList cells;
-};
-
-using Rows = QVector<Row>;
-
-QString inQuotes(QString text)
-{
-    text.replace(QLatin1Char('\\'), QLatin1String("\\\\"))
-        .replace(QLatin1Char('"'), QLatin1String("\\\""));
-    return QLatin1Char('"') + text + QLatin1Char('"');
+    const QString plain = QString(text).replace(QLatin1Char('\\'), QLatin1String("\\\\"));
+    return value.isAnyText() ? quoted(plain) : escaped(plain);
 }
 
-QString aligned(const char *heading, Rows rows)
+QString summaryOf(const XmlElement &element, const Element &declared);
+
+// What an element says by itself and through its properties.
+QStringList wordsOf(const XmlElement &element, const Element &declared)
 {
-    QVector<int> widths;
-    for (Row &row : rows) {
-        std::transform(row.cells.begin(), row.cells.end(), row.cells.begin(), escaped);
-        row.cells.first().prepend(QString(2 * row.depth + 2, QLatin1Char(' ')));
-        while (row.cells.constLast().isEmpty())
-            row.cells.removeLast();
-        widths.resize(std::max(widths.size(), row.cells.size()));
-        for (int i = 0; i + 1 < row.cells.size(); ++i) // nothing stands behind the last
-            widths[i] = std::max(widths.at(i), row.cells.at(i).size());
+    QStringList words;
+    for (const Attribute &attribute : declared.attributes) {
+        const QString name = QLatin1String(attribute.name);
+        const QString value = shown(attribute.value, element.value(attribute.name));
+        const bool isNeeded = attribute.occurrence == Occurrence::Once;
+        if (isNeeded && (name == QLatin1String("id") || name == QLatin1String("name")))
+            words += value;
+        else if (element.has(attribute.name) && !(isNeeded && attribute.value.choices.size() == 1))
+            words += name + QLatin1Char(' ') + value;
     }
-    QString text = QLatin1String(heading) + QLatin1String("\n\n");
-    for (const Row &row : qAsConst(rows)) {
-        for (int i = 0; i + 1 < row.cells.size(); ++i)
-            text += row.cells.at(i).leftJustified(widths.at(i)) + QLatin1String("  ");
-        text += row.cells.constLast() + QLatin1Char('\n');
+    for (const Element::Part &part : declared.parts)
+        for (const Element *one : part.elements)
+            if (const XmlElement *value = propertyOf(element, one->variants().value(0)))
+                words += one->variants().constFirst() + QLatin1Char(' ')
+                         + summaryOf(*value, *one->child(*value));
+    if (declared.text) // without the white space between its elements
+        words +=
+            shown(*declared.text, declared.parts.empty() ? element.text : element.text.trimmed());
+    return words;
+}
+
+// The same with all that is below it, for a property's value.
+QString summaryOf(const XmlElement &element, const Element &declared)
+{
+    QStringList words = wordsOf(element, declared);
+    for (const XmlElement &child : element.children)
+        words += child.name + QLatin1Char(' ') + summaryOf(child, *declared.child(child));
+    return words.join(QLatin1Char(' '));
+}
+
+class Outline
+{
+public:
+    explicit Outline(const Document &document)
+        : root(document.xml.root),
+          declaredRoot(formatOf(document.kind).root),
+          menuBar(root.child("widget"))
+    {
+        collectItems(root);
+        addLines(root, declaredRoot, QString());
     }
-    return text;
-}
 
-QString outlineOf(const EntryDocument &document)
-{
-    Rows rows;
-    for (const EntryDocument::Entry &entry : document.entries)
-        rows.append({0, {entry.name, inQuotes(entry.value)}});
-    return aligned("Entries", rows);
-}
+    QString text;
 
-// What follows the name of an element of a tool document.
-const char *attributesOf(const XmlElement &element)
-{
-    static const QHash<QString, const char *> attributes {
-        {QStringLiteral("module"), "path"},
-        {QStringLiteral("toolbox"), "columns mode margin spacing"},
-        {QStringLiteral("keypad"), "margin spacing"},
-        {QStringLiteral("toolbar"), "title mode break"},
-        {QStringLiteral("tool"), "xlink:href mode group"},
-        {QStringLiteral("key"), "xlink:href row column rowSpan columnSpan"},
-        {QStringLiteral("separator"), "type mode"},
-    };
-    return attributes.value(element.name);
-}
-
-// Attributes as the document spells them.
-QStringList cellsOf(const XmlElement &element, const char *attributes)
-{
-    QStringList cells {(element.name + QLatin1Char(' ') + element.value("id")).trimmed()};
-    const auto names = QString::fromLatin1(attributes).split(QLatin1Char(' '));
-    for (const QString &name : names) {
-        const XmlAttribute *attribute = findNamed(element.attributes, name);
-        if (!attribute)
-            cells += QString();
-        else if (name == QLatin1String("title"))
-            cells += inQuotes(attribute->value);
-        else if (name == QLatin1String("path") || name == QLatin1String("xlink:href"))
-            cells += attribute->value.mid(name.contains(QLatin1Char(':')) ? 1 : 0);
-        else
-            cells += name + QLatin1Char(' ') + attribute->value;
-    }
-    return cells;
-}
-
-Rows toolRows(const XmlElement &parent, int depth)
-{
-    Rows rows;
-    for (const XmlElement &element : parent.children) {
-        rows.append({depth, cellsOf(element, attributesOf(element))});
-        if (element.has("button-style"))
-            rows.append({1, {QLatin1String("button-style ") + element.value("button-style")}});
-        rows += toolRows(element, depth + 1);
-    }
-    return rows;
-}
-
-// The cells of an action or a menu: name, text, shortcut, and whatever else is set.
-QStringList menuCells(const XmlElement &object, const char *label)
-{
-    QStringList rest;
-    for (const XmlElement &property : object.children) {
-        const QString what = property.value("name");
-        if (!property.is("property") || what == QLatin1String(label)
-            || what == QLatin1String("shortcut"))
-            continue;
-        const XmlElement &value = property.children.front();
-        const XmlElement *path = value.child("normaloff");
-        if (value.is("iconset"))
-            rest += what + QLatin1Char(' ') + inQuotes(path ? path->text : QString());
-        else if (value.text == QLatin1String("true"))
-            rest += what;
-        else
-            rest += what + QLatin1Char(' ') + value.text;
-    }
-    return {object.value("name"), inQuotes(propertyText(object, label)),
-            propertyText(object, "shortcut"), rest.join(QLatin1String(", "))};
-}
-
-Rows rowsOf(const MenuDocument &document, const MenuDocument::Menu &menu, int depth,
-            QSet<QString> &placed)
-{
-    Rows rows;
-    for (const MenuDocument::Object &item : menu.items) {
-        placed.insert(item.name);
-        if (item.isSeparator()) {
-            rows.append({depth, {QStringLiteral("--------")}});
-        } else if (const MenuDocument::Menu *subMenu = menu.subMenu(item.name)) {
-            rows.append({depth, menuCells(*subMenu->xml, "title")});
-            rows += rowsOf(document, *subMenu, depth + 1, placed);
-        } else {
-            rows.append({depth, menuCells(*document.action(item.name), "text")});
+private:
+    void collectItems(const XmlElement &parent)
+    {
+        for (const XmlElement &child : parent.children) {
+            if (child.is("addaction"))
+                placed.insert(child.value("name"));
+            collectItems(child);
         }
     }
-    return rows;
-}
 
-QString outlineOf(const MenuDocument &document)
-{
+    // What is below an element. An item of a menu is shown as what it names, which is left out
+    // where it is defined.
+    void addLines(const XmlElement &parent, const Element &declared, const QString &indentation)
+    {
+        for (const XmlElement &child : parent.children) {
+            const bool isItem = child.is("addaction");
+            if (child.is("property") || (!isItem && placed.contains(child.value("name"))))
+                continue;
+            const XmlElement *named = isItem ? shownBy(child, parent, *menuBar) : nullptr;
+            const XmlElement &element = named ? *named : child;
+            const Element *one = declared.child(element);
+            if (!one) // an action is defined in the bar
+                one = declaredRoot.child(*menuBar)->child(element);
+            const QStringList words = QStringList(element.name) + wordsOf(element, *one);
+            text += indentation + words.join(QLatin1String("  ")) + QLatin1Char('\n');
+            addLines(element, *one, indentation + QLatin1String("  "));
+        }
+    }
+
+    const XmlElement &root;
+    const Element &declaredRoot;
+    const XmlElement *menuBar; // of a menu document only
     QSet<QString> placed;
-    const QString menus = aligned("\nMenus", rowsOf(document, document.bar, 0, placed));
-    Rows rows;
-    for (const MenuDocument::Object &action : document.actions)
-        if (!placed.contains(action.name))
-            rows.append({0, menuCells(*action.xml, "text")});
-    return menus + aligned("\nActions in no menu", rows);
-}
+};
 
 } // namespace
 
 QString outlineOf(const Documents &documents)
 {
-    QString text;
-    for (const Document &document : documents) {
-        if (document.kind == DocumentKind::Entries)
-            text += outlineOf(EntryDocument::read(document.xml));
-        else if (document.kind == DocumentKind::Tools)
-            text += aligned("\nTools", toolRows(document.xml.root, 0));
-        else
-            text += outlineOf(MenuDocument::read(document.xml));
-    }
-    return text;
+    QStringList texts;
+    for (const Document &document : documents)
+        texts += Outline(document).text;
+    return texts.join(QLatin1Char('\n'));
 }
 
 } // namespace Quenda::Workbench

@@ -5,9 +5,10 @@
 namespace Quenda::Workbench {
 
 /**
- * All that the documents of a place say, for people and for diff: one thing a line, in the order of
- * the documents. White space, comments and the menu bar's geometry are left out. The documents must
- * be without errors.
+ * All that the documents of a place say, for people and for diff: an element a line, with its
+ * attributes, properties and text in the order of the format's declaration. The items of menus are
+ * shown as the actions and sub-menus that they name. White space and comments are left out, and so
+ * is what can be said in one way only. The documents must be without errors.
  */
 QString outlineOf(const Documents &documents);
 

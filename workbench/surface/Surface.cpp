@@ -1,6 +1,7 @@
 #include "surface/Surface.h"
 
 #include "document/Text.h"
+#include "document/ToolDocument.h"
 #include "surface/ToolBoxGrid.h"
 
 #include <QAction>
@@ -33,7 +34,8 @@ QVector<HostState> statesToShow(const QString &product)
     return states.isEmpty() ? QVector<HostState> {{0, QStringLiteral("everything")}} : states;
 }
 
-Surface::Surface(const Documents &documents)
+Surface::Surface(const Documents &documents, const QSet<QString> &closedPanels)
+    : closed(closedPanels)
 {
     QMenuBar *menuBar = loadMenuBar(documentOf(documents, DocumentKind::Menus).xml.content);
     menuBar->setNativeMenuBar(false);
@@ -42,16 +44,14 @@ Surface::Surface(const Documents &documents)
         action->setShortcutContext(Qt::WidgetShortcut);
     setMenuBar(menuBar);
 
-    const ToolDocument document =
-        ToolDocument::read(documentOf(documents, DocumentKind::Tools).xml);
-    const auto gridBoxes = document.toolBoxes + document.keypads;
-    for (const ToolDocument::Box &box : gridBoxes)
-        addDock(box, document);
-    for (const ToolDocument::Box &bar : document.toolBars)
-        addBar(bar, document);
+    const XmlElement &root = documentOf(documents, DocumentKind::Tools).xml.root;
+    for (const XmlElement &part : root.children)
+        if (part.is("toolbar"))
+            addBar(part, root);
+        else if (!part.is("module"))
+            addDock(part, root);
 
     auto *drawing = new QLabel; // where a host has its drawing area
-    drawing->setObjectName(QStringLiteral("drawing"));
     drawing->setAlignment(Qt::AlignCenter);
     drawing->setMargin(60);
     drawing->setMinimumSize(1, 1);
@@ -60,33 +60,33 @@ Surface::Surface(const Documents &documents)
     setCentralWidget(drawing);
 }
 
-void Surface::addDock(const ToolDocument::Box &box, const ToolDocument &document)
+void Surface::addDock(const XmlElement &box, const XmlElement &root)
 {
-    const bool isKeypad = box.xml->is("keypad");
+    const bool isKeypad = box.is("keypad");
     auto *dock =
         new QDockWidget(isKeypad ? QStringLiteral("Keypad") : QStringLiteral("Tools"), this);
     dock->setObjectName(isKeypad ? QStringLiteral("keypad")
                                  : compose("toolbox %1", panels.size() + 1));
-    dock->setWidget(new GridArea(new ToolBoxGrid(box, document)));
+    dock->setWidget(new GridArea(new ToolBoxGrid(box, root)));
     addDockWidget(isKeypad ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea, dock);
-    panels.append({dock, dock->toggleViewAction(), box.mode, true, isKeypad});
+    panels.append({dock, dock->toggleViewAction(), modeOf(box), true, isKeypad});
 }
 
-void Surface::addBar(const ToolDocument::Box &bar, const ToolDocument &document)
+void Surface::addBar(const XmlElement &bar, const XmlElement &root)
 {
-    if (bar.startsRow)
+    if (bar.has("break"))
         addToolBarBreak();
-    QToolBar *toolBar = addToolBar(bar.title);
-    toolBar->setObjectName(bar.id);
+    QToolBar *toolBar = addToolBar(bar.value("title"));
+    toolBar->setObjectName(bar.value("id"));
     auto *buttons = new QButtonGroup(toolBar); // of which one is checked
-    for (const ToolDocument::Item &item : bar.items) {
-        auto *button = item.isSeparator ? nullptr : new ToolButton(item, document);
+    for (const XmlElement &item : bar.children) {
+        auto *button = item.is("separator") ? nullptr : new ToolButton(item, root);
         if (button)
             buttons->addButton(button);
         QAction *action = button ? toolBar->addWidget(button) : toolBar->addSeparator();
-        action->setData(bar.mode & item.mode);
+        action->setData(modeOf(bar) & modeOf(item));
     }
-    panels.append({toolBar, toolBar->toggleViewAction(), bar.mode, false, true});
+    panels.append({toolBar, toolBar->toggleViewAction(), modeOf(bar), false, true});
 }
 
 bool Surface::isDue(const Panel &panel) const
@@ -114,21 +114,18 @@ void Surface::showState(const HostState &state, Presentation presentation)
     static_cast<QLabel *>(centralWidget())->setText(state.name);
 }
 
-QSet<QString> Surface::closedPanels()
+QSet<QString> Surface::closedPanels() const
 {
-    for (const Panel &panel : qAsConst(panels)) {
+    QSet<QString> names = closed;
+    for (const Panel &panel : panels) {
         if (!isVisible() || !isDue(panel))
             continue;
-        closed.remove(panel.widget->objectName());
         if (panel.widget->isHidden())
-            closed.insert(panel.widget->objectName());
+            names.insert(panel.widget->objectName());
+        else
+            names.remove(panel.widget->objectName());
     }
-    return closed;
-}
-
-void Surface::setClosedPanels(const QSet<QString> &names)
-{
-    closed = names;
+    return names;
 }
 
 } // namespace Quenda::Workbench

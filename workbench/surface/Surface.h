@@ -1,7 +1,6 @@
 #pragma once
 
 #include "document/Document.h"
-#include "document/HostState.h"
 #include "document/ToolDocument.h"
 
 #include <QMainWindow>
@@ -14,10 +13,7 @@ namespace Quenda::Workbench {
 /** The two presentations of the tools, of which a host has one at a time. The keypad is in both. */
 enum class Presentation { ToolBoxes, ToolBars };
 
-/**
- * Builds the menu bar from a menu document with QUiLoader. It belongs to the caller;
- * null when it is none.
- */
+/** Builds the menu bar of a menu document, as hosts do. It belongs to the caller; null for none. */
 QMenuBar *loadMenuBar(const QByteArray &content);
 
 /** The states to show of a product; one of all masks for a product that is unknown here. */
@@ -30,15 +26,14 @@ QVector<HostState> statesToShow(const QString &product);
 class Surface : public QMainWindow
 {
 public:
-    /** The documents of a product, without errors. */
-    explicit Surface(const Documents &documents);
+    /** Of documents without errors; the panels of these object names stay closed. */
+    explicit Surface(const Documents &documents, const QSet<QString> &closedPanels = {});
 
     /** Shows what is available in @p state, but for the panels that the user has closed. */
     void showState(const HostState &state, Presentation presentation);
 
     /** The object names of the panels, docks and tool bars, that the user has closed. */
-    QSet<QString> closedPanels();
-    void setClosedPanels(const QSet<QString> &names);
+    QSet<QString> closedPanels() const;
 
 private:
     // A dock or a tool bar.
@@ -51,13 +46,13 @@ private:
         bool isInBars;
     };
 
-    void addDock(const ToolDocument::Box &box, const ToolDocument &document);
-    void addBar(const ToolDocument::Box &bar, const ToolDocument &document);
+    void addDock(const XmlElement &box, const XmlElement &root);
+    void addBar(const XmlElement &bar, const XmlElement &root);
     bool isDue(const Panel &panel) const;
 
     QVector<Panel> panels;
     QSet<QString> closed;
-    quint32 code = everyState;
+    quint32 code = 0;
     Presentation shown = Presentation::ToolBoxes;
 };
 

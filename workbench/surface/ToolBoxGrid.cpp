@@ -1,23 +1,25 @@
 #include "surface/ToolBoxGrid.h"
 
 #include "document/Text.h"
+#include "document/ToolDocument.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QPainter>
+#include <QScrollBar>
 
 namespace Quenda::Workbench {
 
-ToolButton::ToolButton(const ToolDocument::Item &tool, const ToolDocument &document)
+ToolButton::ToolButton(const XmlElement &item, const XmlElement &root)
 {
-    const XmlElement *module = document.module(tool.module);
-    setText(tool.id);
-    setObjectName(tool.id);
-    setToolTip(compose("%1\ngroup: %2\nlibrary: %3", tool.id,
-                       tool.group.isEmpty() ? QStringLiteral("none") : tool.group,
-                       module->value("path")));
+    const QString id = item.value("id");
+    setText(id);
+    setObjectName(id);
+    setToolTip(compose("%1\ngroup: %2\nlibrary: %3", id,
+                       item.has("group") ? item.value("group") : QStringLiteral("none"),
+                       moduleOf(item, root)->value("path")));
     setFocusPolicy(Qt::TabFocus);
-    setCheckable(!tool.xml->is("key"));
+    setCheckable(item.is("tool"));
 }
 
 void ToolButton::paintEvent(QPaintEvent *event)
@@ -43,24 +45,36 @@ QSize GridArea::sizeHint() const
     return widget()->sizeHint();
 }
 
-ToolBoxGrid::ToolBoxGrid(const ToolDocument::Box &toolBox, const ToolDocument &document)
-    : box(toolBox), hasKeys(toolBox.xml->is("keypad"))
+// Room for a vertical scroll bar, which would otherwise need a horizontal one, too.
+void GridArea::resizeEvent(QResizeEvent *event)
+{
+    QScrollArea::resizeEvent(event);
+    const QSize needed = widget()->minimumSizeHint();
+    const int width = needed.width() + verticalScrollBar()->sizeHint().width();
+    setMinimumWidth(height() < needed.height() ? std::min(width, window()->width() / 2) : 0);
+}
+
+ToolBoxGrid::ToolBoxGrid(const XmlElement &box, const XmlElement &root)
+    : columns(std::max(1, box.value("columns").toInt())),
+      margin(box.value("margin").toInt()),
+      spacing(box.value("spacing").toInt())
 {
     auto *buttons = new QButtonGroup(this); // of which one is checked
-    for (const ToolDocument::Item &item : box.items) {
-        if (item.isSeparator) {
+    for (const XmlElement &item : box.children) {
+        const quint32 mode = modeOf(box) & modeOf(item);
+        if (item.is("separator")) {
             auto *line = new QFrame(this);
             line->setFrameStyle(int(QFrame::HLine) | int(QFrame::Sunken));
-            widgets.append(line);
+            items.append({line, mode, {}});
             continue;
         }
-        auto *button = new ToolButton(item, document);
+        auto *button = new ToolButton(item, root);
         button->setParent(this);
-        button->setStyleSheet(box.buttonStyle);
+        button->setStyleSheet(box.value("button-style"));
         // The texts line up when all buttons are as wide as their column.
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         buttons->addButton(button);
-        widgets.append(button);
+        items.append({button, mode, item.is("key") ? cellsOf(item) : QRect()});
     }
 }
 
@@ -68,27 +82,25 @@ void ToolBoxGrid::showAvailable(quint32 state)
 {
     delete layout();
     auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(box.margin, box.margin, box.margin, box.margin);
-    grid->setSpacing(box.spacing);
-    QRect next(0, 0, 1, 1); // the cell for the next tool
-    for (int i = 0; i < widgets.size(); ++i) {
-        const ToolDocument::Item &item = box.items.at(i);
-        const bool isShown = isAvailable(box.mode & item.mode, state);
-        widgets.at(i)->setVisible(isShown);
+    grid->setContentsMargins(margin, margin, margin, margin);
+    grid->setSpacing(spacing);
+    int next = 0; // the cell for the next tool, counted row by row
+    for (const Item &item : qAsConst(items)) {
+        const bool isShown = isAvailable(item.mode, state);
+        const bool isLine = !qobject_cast<QToolButton *>(item.widget);
+        item.widget->setVisible(isShown);
         if (!isShown)
             continue;
-        if (next.x() == box.columns || (item.isSeparator && next.x() > 0))
-            next.moveTo(0, next.y() + 1);
-        QRect cells = hasKeys ? item.cells : next;
-        if (item.isSeparator)
-            cells.setWidth(box.columns);
-        grid->addWidget(widgets.at(i), cells.y(), cells.x(), cells.height(), cells.width());
-        if (!hasKeys)
-            next.translate(cells.width(), 0);
+        if (isLine) // from the start of a row to its end
+            next = (next + columns - 1) / columns * columns;
+        const QRect following(next % columns, next / columns, isLine ? columns : 1, 1);
+        const QRect cells = item.cells.isNull() ? following : item.cells;
+        grid->addWidget(item.widget, cells.y(), cells.x(), cells.height(), cells.width());
+        next += following.width();
+        if (!item.cells.isNull())
+            grid->setRowMinimumHeight(cells.y(), 2 * fontMetrics().height());
     }
-    for (int row = 0; hasKeys && row < grid->rowCount(); ++row)
-        grid->setRowMinimumHeight(row, 2 * fontMetrics().height());
-    for (int column = 0; column < std::max(box.columns, grid->columnCount()); ++column)
+    for (int column = 0; column < std::max(columns, grid->columnCount()); ++column)
         grid->setColumnStretch(column, 1);
     grid->setRowStretch(grid->rowCount(), 1);
     updateGeometry();

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "document/ToolDocument.h"
+#include "document/Xml.h"
 
+#include <QRect>
 #include <QScrollArea>
 #include <QToolButton>
 
@@ -11,7 +12,8 @@ namespace Quenda::Workbench {
 class ToolButton : public QToolButton
 {
 public:
-    ToolButton(const ToolDocument::Item &tool, const ToolDocument &document);
+    /** For @p item of the tool document with this root. */
+    ToolButton(const XmlElement &item, const XmlElement &root);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -23,6 +25,9 @@ class GridArea : public QScrollArea
 public:
     explicit GridArea(QWidget *grid);
     QSize sizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 };
 
 /**
@@ -32,15 +37,24 @@ public:
 class ToolBoxGrid : public QWidget
 {
 public:
-    ToolBoxGrid(const ToolDocument::Box &toolBox, const ToolDocument &document);
+    /** For @p box of the tool document with this root; neither is needed afterwards. */
+    ToolBoxGrid(const XmlElement &box, const XmlElement &root);
 
     /** Lays out what is available in the state with this availability code. */
     void showAvailable(quint32 state);
 
 private:
-    const ToolDocument::Box box;
-    const bool hasKeys;
-    QVector<QWidget *> widgets; // one for each item
+    struct Item
+    {
+        QWidget *widget;
+        quint32 mode;
+        QRect cells; // of a key; null for what follows the item before it
+    };
+
+    const int columns;
+    const int margin;
+    const int spacing;
+    QVector<Item> items;
 };
 
 } // namespace Quenda::Workbench

@@ -3,11 +3,13 @@
 #include "document/Document.h"
 #include "document/Text.h"
 
-#include <QSet>
-
 namespace Quenda::Workbench {
 
-/** Something that is wrong, or odd, in a document. */
+/**
+ * Something that is wrong, or odd, in a document. Its text says what is there; behind a semicolon,
+ * what is expected; behind another, what may be meant:
+ * "href" is "#Tol", which is no module; expected #Tool; did you mean "#Tool"?
+ */
 struct Finding
 {
     enum Severity {
@@ -18,7 +20,7 @@ struct Finding
     Severity severity;
     QString path;
     Position position; ///< Where the wrong thing begins.
-    QString text; ///< What is wrong and what is expected.
+    QString text;
 
     /** "error: TEXT". */
     QString message() const;
@@ -36,7 +38,6 @@ public:
     template <typename... Values>
     void error(int offset, const char *pattern, const Values &...values)
     {
-        wrongPlaces.insert(offset);
         add(Finding::Error, offset, compose(pattern, values...));
     }
 
@@ -46,28 +47,16 @@ public:
         add(Finding::Warning, offset, compose(pattern, values...));
     }
 
-    /** What Designer writes and the format has not. */
-    void beyondFormat(int offset, const QString &what)
-    {
-        warning(offset, "%1: QUiLoader reads it, but hosts promise the format only", what);
-    }
-
-    /** Whether an error was found there: what follows from it is not to be one more. */
-    bool isWrong(int offset) const { return wrongPlaces.contains(offset); }
+    void add(Finding::Severity severity, int offset, const QString &text);
 
     QVector<Finding> list;
 
 private:
-    void add(Finding::Severity severity, int offset, const QString &text);
-
     const Document &document;
-    QSet<int> wrongPlaces;
 };
 
-/** The one of @p names that @p name is a slip of; empty without one. */
-QString meantName(const QString &name, const QStringList &names);
-
-/** "; did you mean ...?", or nothing without a name. */
-QString suggestion(const QString &meant);
+/** "; did you mean ...?" with the one of @p names that @p name is a slip of; nothing without one.
+ */
+QString suggestion(const QString &name, const QStringList &names);
 
 } // namespace Quenda::Workbench

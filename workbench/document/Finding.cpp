@@ -1,4 +1,4 @@
-#include "check/Finding.h"
+#include "document/Finding.h"
 
 #include <numeric>
 
@@ -39,26 +39,20 @@ void Findings::add(Finding::Severity severity, int offset, const QString &text)
     list.append({severity, document.path, positionOf(document.xml.content, offset), text});
 }
 
-QString meantName(const QString &name, const QStringList &names)
+QString suggestion(const QString &name, const QStringList &names)
 {
     QString best;
     int least = std::min(2, name.size() / 3) + 1;
     for (const QString &candidate : names) {
-        const bool isNear = candidate.compare(name, Qt::CaseInsensitive) == 0
-                            || candidate.endsWith(QLatin1Char(':') + name); // the prefix left out
-        const bool isFar = std::abs(name.size() - candidate.size()) >= least;
-        const int d = isNear ? 0 : isFar ? least : distance(name, candidate);
-        if (d < least) {
+        const bool isNear = candidate.endsWith(QLatin1Char(':') + name) // the prefix left out
+                            || candidate.compare(name, Qt::CaseInsensitive) == 0;
+        const int changes = isNear ? 0 : distance(name, candidate);
+        if (changes < least) {
             best = candidate;
-            least = d;
+            least = changes;
         }
     }
-    return best;
-}
-
-QString suggestion(const QString &meant)
-{
-    return meant.isEmpty() ? QString() : compose("; did you mean \"%1\"?", meant);
+    return best.isEmpty() ? QString() : compose("; did you mean \"%1\"?", best);
 }
 
 } // namespace Quenda::Workbench

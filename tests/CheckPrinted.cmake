@@ -1,0 +1,22 @@
+# Compares what a program prints with the committed file. With RENEW, writes the file instead.
+
+separate_arguments(arguments UNIX_COMMAND "${ARGUMENTS}")
+execute_process(
+    COMMAND "${PROGRAM}" ${arguments}
+    OUTPUT_VARIABLE printed
+    COMMAND_ERROR_IS_FATAL ANY)
+if(RENEW)
+    file(WRITE "${FILE}" "${printed}")
+    return()
+endif()
+
+cmake_path(GET FILE FILENAME name)
+file(WRITE "${name}.printed" "${printed}")
+execute_process(
+    COMMAND "${DIFF}" -u --label "expected" --label "printed" "${FILE}" "${name}.printed"
+    OUTPUT_VARIABLE difference
+    RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+    message(NOTICE "${difference}") # as it is: other messages lose their blanks
+    message(FATAL_ERROR "${FILE} differs. If this is meant: cmake --build ... --target ${TARGET}")
+endif()

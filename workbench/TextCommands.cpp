@@ -1,0 +1,47 @@
+#include "CommandLine.h"
+#include "document/ToolDocument.h"
+#include "format/Format.h"
+#include "outline/Outline.h"
+
+namespace Quenda::Workbench {
+
+Status checkCommand(const QStringList &places, const QCommandLineParser &)
+{
+    QVector<Finding> findings;
+    std::size_t documents = 0;
+    Status worst = NothingWrong;
+    for (const QString &name : places.isEmpty() ? Place::builtInProducts() : places) {
+        LoadedPlace loaded;
+        const Status status = load(name, &loaded);
+        worst = std::max(worst, status);
+        if (status == NotDone)
+            continue;
+        const QString product = loaded.place.product;
+        if (hostStates(product).isEmpty())
+            inform(compose("%1: the product \"%2\" is unknown, so its states and entries are not "
+                           "checked; there are: %3",
+                           name, product, listed(Place::builtInProducts())));
+        findings += loaded.findings;
+        documents += loaded.documents.size();
+    }
+    return documents == 0 ? worst : std::max(worst, print(reportOf(findings, documents)));
+}
+
+Status outlineCommand(const QStringList &places, const QCommandLineParser &)
+{
+    LoadedPlace loaded;
+    const Status status = loadProduct(places.constFirst(), &loaded);
+    return status == NothingWrong ? print(outlineOf(loaded.documents)) : status;
+}
+
+Status schemaCommand(const QStringList &names, const QCommandLineParser &)
+{
+    const Format *const formats[] {&entryFormat(), &toolFormat(), &menuFormat()};
+    QStringList known;
+    for (const Format *format : formats)
+        known += QLatin1String(format->schema);
+    const int chosen = choose("schema", names.constFirst(), known);
+    return chosen < 0 ? NotDone : print(schemaOf(*formats[chosen]));
+}
+
+} // namespace Quenda::Workbench

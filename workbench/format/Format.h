@@ -1,0 +1,96 @@
+#pragma once
+
+#include "document/Finding.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <optional>
+
+namespace Quenda::Workbench {
+
+/** What an attribute or a text may be; anything when nothing is said. */
+struct Value
+{
+    QStringList choices {}; ///< All that there are, or none where a pattern tells.
+    QString pattern {}; ///< What the whole value matches, to XML Schema as to Qt.
+    QString expected {}; ///< For people, behind the word "expected".
+    QRegularExpression whole {}; ///< The pattern for Qt, compiled once.
+
+    bool isAnyText() const { return choices.isEmpty() && pattern.isEmpty(); }
+    bool allows(const QString &value) const;
+};
+
+/** How often something stands where it may. */
+enum class Occurrence { Once, Optional, AnyNumber };
+
+struct Attribute
+{
+    const char *name;
+    Value value;
+    const char *sentence; ///< What it is, for people; as of an element.
+    Occurrence occurrence = Occurrence::Once;
+};
+
+/**
+ * An element. Two of one name, such as properties, differ in the value of their first attribute,
+ * which is then required and has its choices.
+ */
+struct Element
+{
+    /** A part of its content: these elements, in any order. */
+    struct Part
+    {
+        std::vector<const Element *> elements;
+        Occurrence occurrence = Occurrence::AnyNumber;
+    };
+
+    const char *name;
+    const char *sentence;
+    std::vector<Attribute> attributes {};
+    std::vector<Part> parts {}; ///< One behind the other.
+    std::optional<Value> text {}; ///< Without one, it holds elements only.
+
+    /** The choices of the first attribute that tell it from others of its name. */
+    QStringList variants() const;
+    /** The declaration of one of its children; null when it may not have this one. */
+    const Element *child(const XmlElement &element) const;
+};
+
+/** What a document of one kind holds. */
+struct Format
+{
+    enum Prolog { Declaration = 1, DocumentType = 2 };
+
+    const char *schema; ///< The name of its schema.
+    const Element &root;
+    int prolog; ///< What stands before the root. Without a declaration, all is ASCII.
+};
+
+const Format &entryFormat();
+const Format &toolFormat();
+const Format &menuFormat();
+const Format &formatOf(DocumentKind kind);
+
+/** Its RELAX NG schema, with the sentences, for editors. */
+QString schemaOf(const Format &format);
+
+/**
+ * That a document has the elements, attributes, texts and values of its format and no others. Its
+ * schema accepts the same, but that it does not see declarations of namespaces.
+ */
+void checkShape(const Document &document, Findings &findings);
+
+/** What stands before the root, and the characters that the document is written in. */
+void checkProlog(const Document &document, Findings &findings);
+
+// What the declarations share.
+Value anyText();
+Value name();
+Value oneOf(std::initializer_list<const char *> values);
+Value matching(const char *pattern, const char *expected);
+Attribute xlinkNamespace();
+Element::Part once(const Element &element);
+Element::Part anyOf(const std::vector<const Element *> &elements);
+
+} // namespace Quenda::Workbench

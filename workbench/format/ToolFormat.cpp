@@ -1,0 +1,92 @@
+#include "format/Format.h"
+
+namespace Quenda::Workbench {
+
+namespace {
+
+// The tool document, tools.xml.
+struct ToolFormat
+{
+    const Value pixels = matching("[0-9]{1,3}", "a number in 0 to 999");
+    const Value mask = matching("0x0*[0-9A-Fa-f]{1,8}|0*[0-9]{1,9}", "a number such as 17 or 0x11");
+
+    const Attribute id {"id", name(),
+                        "The name of the tool or key in its module; keep it for ever."};
+    const Attribute module {"xlink:href",
+                            matching("#\\S([^\\t\\n\\r]*\\S)?", "\"#\" and a module's id"),
+                            "# and the id of the module that provides it."};
+    const Attribute mode {"mode", mask,
+                          "Mask of the states in which it is available; without one, in all.",
+                          Occurrence::Optional};
+    const Attribute margin {"margin", pixels, "Pixels around the grid."};
+    const Attribute spacing {"spacing", pixels, "Pixels between two buttons."};
+    const Attribute buttonStyle {"button-style", anyText(), "Qt style sheet of the buttons."};
+
+    const Element tool {
+        "tool",
+        "A button for one tool.",
+        {id,
+         module,
+         {"group", name(), "Name of the group that it forms with its neighbours of the same group.",
+          Occurrence::Optional},
+         mode}};
+    const Element line {"separator",
+                        "A line across the tool box, with a new row behind it.",
+                        {{"type", oneOf({"hline"}), "Kind of the line: a horizontal one."}, mode}};
+    const Element gap {"separator", "A gap between two tools.", {mode}};
+    const Element key {
+        "key",
+        "A key in its cells of the keypad; rows and columns count from 0.",
+        {id,
+         {"row", matching("[0-4]", "a number in 0 to 4"), "Topmost row."},
+         {"column", matching("[0-3]", "a number in 0 to 3"), "Leftmost column."},
+         {"rowSpan", matching("[1-5]", "a number in 1 to 5"), "How many rows it is high."},
+         {"columnSpan", matching("[1-4]", "a number in 1 to 4"), "How many columns it is wide."},
+         module}};
+
+    const Element moduleElement {
+        "module",
+        "A plug-in library that provides tools or keys; stands before the first of them.",
+        {{"id", name(), "What xlink:href names the module by."},
+         {"path",
+          matching("%LIBRARY%/[^\\s/.]([^\\t\\n\\r/.]*[^\\s/.])?",
+                   "\"%LIBRARY%/\" and a library's base name"),
+          "%LIBRARY%/, the host's library folder, and the library's base name."}}};
+    const Element toolBox {"toolbox",
+                           "Tool buttons in a grid, row by row.",
+                           {{"columns", matching("[1-9][0-9]?", "a number in 1 to 99"),
+                             "How many buttons stand side by side."},
+                            mode,
+                            margin,
+                            spacing,
+                            buttonStyle},
+                           {anyOf({&tool, &line})}};
+    const Element keypad {"keypad",
+                          "Keys in a grid of five rows and four columns.",
+                          {margin, spacing, buttonStyle},
+                          {anyOf({&key})}};
+    const Element toolBar {
+        "toolbar",
+        "A row of tool buttons, for users who prefer these to tool boxes.",
+        {{"id", name(), "Object name of the tool bar."},
+         {"title", name(), "What users read of it."},
+         mode,
+         {"break", oneOf({"true"}), "It starts a new row of tool bars.", Occurrence::Optional}},
+        {anyOf({&tool, &gap})}};
+
+    const Element root {"quendaconfig",
+                        "The tools of one product; the order is the order on the screen.",
+                        {xlinkNamespace()},
+                        {anyOf({&moduleElement, &toolBox, &keypad, &toolBar})}};
+};
+
+} // namespace
+
+const Format &toolFormat()
+{
+    static const ToolFormat format;
+    static const Format whole {"tools", format.root, 0};
+    return whole;
+}
+
+} // namespace Quenda::Workbench

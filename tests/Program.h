@@ -20,6 +20,15 @@ inline Outcome run(const char *path, const QStringList &arguments)
     return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
 }
 
+/** The exit status where nothing can be written to standard output. */
+inline int statusWithoutOutput(const char *path, const QStringList &arguments)
+{
+    QProcess program;
+    program.setStandardOutputFile(QStringLiteral("/dev/full"));
+    program.start(QString::fromUtf8(path), arguments);
+    return program.waitForFinished() ? program.exitCode() : -1;
+}
+
 /** Adds a row to a table of command lines; the error is a part of the one line that there is. */
 inline void commandLineRow(const char *arguments, int status, const char *output, const char *error)
 {

@@ -89,17 +89,18 @@ private:
     void checkName(const XmlElement &object)
     {
         const QString name = object.value("name");
-        const int place = object.offsetOf("name");
         if (name == QLatin1String("separator"))
-            findings.error(place, "\"separator\" is the name of separators; expected another");
+            findings.error(object.offsetOf("name"),
+                           "\"separator\" is the name of separators; expected another");
         else if (objectNames.contains(name))
-            findings.error(place, "object name \"%1\" stands twice; expected once", name);
+            findings.error(object.offsetOf("name"),
+                           "object name \"%1\" stands twice; expected once", name);
         objectNames.insert(name);
     }
 
     void checkProperties(const XmlElement &object)
     {
-        QSet<QString> seen;
+        QStringList seen;
         for (const XmlElement &property : object.children) {
             if (!property.is("property"))
                 continue;
@@ -107,27 +108,25 @@ private:
             if (seen.contains(name))
                 findings.error(property.offset, "property \"%1\" stands twice; expected once",
                                name);
-            if (name == QLatin1String("checked") && !seen.contains(QStringLiteral("checkable")))
-                findings.error(
-                    property.offset,
-                    "\"%1\" is checked before it is checkable; expected \"checkable\" in front",
-                    object.value("name"));
+            if (name == QLatin1String("checked") && !seen.contains(QLatin1String("checkable")))
+                findings.error(property.offset,
+                               "\"checked\" without \"checkable\" in front; expected this first");
             if (name == QLatin1String("icon"))
                 checkIcon(property.children.front());
-            seen.insert(name);
+            seen += name;
         }
     }
 
     void checkIcon(const XmlElement &icon)
     {
         const XmlElement *file = icon.child("normaloff");
+        const QString path = icon.text.trimmed(); // behind that element
         if (!icon.has("theme") && (!file || file->text == QLatin1String(".")))
             findings.error(icon.offset, "an icon without <normaloff>; expected one");
-        else if (file && icon.text.trimmed() != file->text)
+        else if (file && path != file->text)
             findings.error(icon.offsetOfText(),
-                           "the icon's path is \"%1\" behind <normaloff> and \"%2\" in it; "
-                           "expected the same twice",
-                           icon.text.trimmed(), file->text);
+                           "\"%1\" behind <normaloff> of \"%2\"; expected the same path twice",
+                           path, file->text);
     }
 
     // What users read of it.
@@ -148,10 +147,8 @@ private:
                            text);
         const int mark = marks.indexOf(QLatin1Char('&'));
         if (mark >= 0 && marks.mid(mark + 1, 1).trimmed().isEmpty())
-            findings.error(
-                place,
-                "a lone \"&\" in \"%1\" is not shown; expected \"&&\", written \"&amp;&amp;\"",
-                text);
+            findings.error(place, "a lone \"&\" in \"%1\"; expected \"&&\", written \"&amp;&amp;\"",
+                           text);
     }
 
     void checkItems(const XmlElement &menu)
@@ -164,10 +161,9 @@ private:
             if (!shownBy(item, menu, menuBar))
                 reportUnknown(item, menu);
             if (placed.contains(name))
-                findings.error(
-                    item.offsetOf("name"),
-                    "\"%1\" stands twice in \"%2\", and only the last is shown; expected once",
-                    name, menu.value("name"));
+                findings.error(item.offsetOf("name"),
+                               "\"%1\" stands twice in \"%2\"; expected once, as the last is shown",
+                               name, menu.value("name"));
             placed.insert(name);
         }
         for (const XmlElement &subMenu : menu.children) {
@@ -183,15 +179,16 @@ private:
 
     void reportUnknown(const XmlElement &item, const XmlElement &menu)
     {
+        const QString name = item.value("name");
         QStringList names {QStringLiteral("separator")};
-        for (const XmlElement *parent : {&menu, &menuBar})
-            for (const XmlElement &object : parent->children)
-                if (object.is("action") || (object.is("widget") && parent == &menu))
-                    names += object.value("name");
+        for (const XmlElement &object : menu.children)
+            names += object.is("widget") ? object.value("name") : QString();
+        for (const XmlElement &object : menuBar.children)
+            names += object.is("action") ? object.value("name") : QString();
         findings.error(
             item.offsetOf("name"),
-            "\"%1\" names nothing; expected an action, a sub-menu of \"%2\" or separator%3",
-            item.value("name"), menu.value("name"), suggestion(item.value("name"), names));
+            "\"%1\" names nothing; expected an action, a sub-menu of \"%2\" or separator%3", name,
+            menu.value("name"), suggestion(name, names));
     }
 
     const XmlElement &menuBar;

@@ -8,21 +8,18 @@ namespace Quenda::Workbench {
 
 namespace {
 
-// Qt says only by a message that it could not read a style sheet.
-bool isReadable = true;
-
-void listen(QtMsgType, const QMessageLogContext &, const QString &message)
-{
-    isReadable = isReadable && !message.startsWith(QLatin1String("Could not parse stylesheet"));
-}
-
+// Qt says only in a message that it cannot read one.
 bool isStyleSheet(const QString &text)
 {
+    static bool isReadable = true;
     isReadable = true;
-    const QtMessageHandler previous = qInstallMessageHandler(listen);
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &message) {
+            isReadable &= !message.startsWith(QLatin1String("Could not parse stylesheet"));
+        });
     QToolButton button;
     button.setStyleSheet(text);
-    button.ensurePolished(); // which reads it
+    button.ensurePolished();
     qInstallMessageHandler(previous);
     return isReadable;
 }
@@ -53,9 +50,8 @@ public:
             checkModes(part);
             checkOverlap(part);
             if (!isStyleSheet(part.value("button-style")))
-                findings.error(
-                    part.offsetOf("button-style"),
-                    "a style sheet that Qt cannot read; expected Qt's style sheet syntax");
+                findings.error(part.offsetOf("button-style"),
+                               "a style sheet that Qt cannot read; expected Qt's syntax for one");
         }
     }
 
@@ -90,21 +86,18 @@ private:
                 modules += QLatin1Char('#') + part.value("id");
             for (const XmlElement &item : part.children) {
                 const QString reference = item.value("xlink:href");
-                if (!item.has("xlink:href") || modules.contains(reference)
+                if (item.is("separator") || modules.contains(reference)
                     || missed.contains(reference))
                     continue;
                 missed.insert(reference);
-                const int place = item.offsetOf("xlink:href");
-                if (const XmlElement *module = moduleOf(item, root))
-                    findings.error(
-                        place,
-                        "module \"%1\" stands later, in line %2; expected before its first use",
-                        module->value("id"), lineOf(*module));
-                else
-                    findings.error(
-                        place, "\"xlink:href\" is \"%1\", which is no module; expected %2%3",
-                        reference, modules.isEmpty() ? compose("a <module>") : listed(modules),
-                        suggestion(reference, modules));
+                const XmlElement *later = moduleOf(item, root);
+                const QString expected =
+                    later ? compose("it in front of this, not in line %1", lineOf(*later))
+                    : modules.isEmpty() ? compose("a <module>")
+                                        : listed(modules);
+                findings.error(item.offsetOf("xlink:href"),
+                               "\"xlink:href\" is \"%1\", which is no module so far; expected %2%3",
+                               reference, expected, suggestion(reference, modules));
             }
         }
     }

@@ -1,13 +1,9 @@
 # How this project's own targets are compiled. Linked privately, so that nothing of it reaches a host.
-#
-# -Wnon-virtual-dtor is off on purpose, also where a host that adds this project has it in its flags:
-# the interfaces and visitors have no virtual destructor, because an additional slot would break the
-# applications that are already built against them.
 add_library(QuendaBuildOptions INTERFACE)
 target_compile_options(QuendaBuildOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wundef -Wcast-align -Wcast-qual -Wformat=2
-    -Wold-style-cast -Woverloaded-virtual -Wsuggest-override -Wno-non-virtual-dtor)
-# The same choice, seen from boost::shared_ptr: the handle deletes the store as the concrete type.
+    -Wold-style-cast -Woverloaded-virtual -Wsuggest-override)
+# The store has no virtual destructor, and boost::shared_ptr deletes it as the concrete type.
 target_compile_options(QuendaBuildOptions INTERFACE
     $<$<CXX_COMPILER_ID:Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
 target_compile_definitions(QuendaBuildOptions INTERFACE

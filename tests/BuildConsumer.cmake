@@ -5,6 +5,8 @@ cmake_minimum_required(VERSION 3.22)
 set(core "${WORK_DIR}/core")
 set(library "${WORK_DIR}/library")
 set(host "${WORK_DIR}/build/minimal-host")
+# What hosts may have switched on; no header of the library is to stop them.
+set(warnings -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 file(REMOVE_RECURSE "${WORK_DIR}")
 file(MAKE_DIRECTORY "${WORK_DIR}/build")
 
@@ -17,14 +19,22 @@ function(run)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-function(build_with_cmake)
+function(build_with_cmake source)
     set(ENV{CMAKE_PREFIX_PATH} "${core}:${library}")
-    run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/example" -B "${WORK_DIR}/build" -G "${GENERATOR}"
-        "-DCMAKE_CXX_COMPILER=${CXX}" ${ARGV})
+    run("${CMAKE_COMMAND}" -S "${source}" -B "${WORK_DIR}/build" -G "${GENERATOR}"
+        "-DCMAKE_CXX_COMPILER=${CXX}" ${ARGN})
     run("${CMAKE_COMMAND}" --build "${WORK_DIR}/build")
 endfunction()
 
-# Compiles each file on its own, with the flags that pkg-config tells for the packages.
+# A source that includes all headers below a folder.
+function(include_all folder source)
+    file(GLOB_RECURSE headers RELATIVE "${folder}" "${folder}/*.h")
+    list(TRANSFORM headers REPLACE "(.+)" "#include <\\1>\n")
+    string(JOIN "" text ${headers})
+    file(APPEND "${source}" "${text}")
+endfunction()
+
+# Compiles files, each on its own, with the flags that pkg-config tells for the packages.
 function(check_syntax packages)
     run("${PKG_CONFIG}" --cflags ${packages})
     separate_arguments(flags UNIX_COMMAND "${output}")
@@ -52,7 +62,7 @@ if(WAY STREQUAL "installed")
 
     run("${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${library}" --component Runtime)
     run("${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${library}" --component Development)
-    build_with_cmake()
+    build_with_cmake("${SOURCE_DIR}/example")
     # What it is built with is not needed any more.
     file(REMOVE_RECURSE "${library}")
     run("${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${library}" --component Runtime)
@@ -73,17 +83,29 @@ elseif(WAY STREQUAL "pkg-config")
     file(GLOB_RECURSE headers "${library}/*.h")
     check_syntax("quendahelp;Qt5Test" ${headers}
         "${SOURCE_DIR}/tests/AbiTest.cpp" "-I${BINARY_DIR}/tests/AbiTest_autogen/include")
+    include_all("${core}/include/QuendaCore" "${WORK_DIR}/headers.cpp")
+    include_all("${library}/include/QuendaHelp" "${WORK_DIR}/headers.cpp")
+    check_syntax(quendahelp ${warnings} "${WORK_DIR}/headers.cpp")
     build_with_pkg_config()
 elseif(WAY STREQUAL "subdirectory")
-    # Warnings that a host may have switched on, and this project has reason not to.
-    build_with_cmake("-DQUENDAHELP_SOURCE_DIR=${SOURCE_DIR}"
-        "-DCMAKE_CXX_FLAGS=-Werror -Wnon-virtual-dtor")
+    include_all("${SOURCE_DIR}/include" "${WORK_DIR}/headers.cpp")
+    include_all("${SOURCE_DIR}/src" "${WORK_DIR}/headers.cpp")
+    file(WRITE "${WORK_DIR}/CMakeLists.txt" "
+        cmake_minimum_required(VERSION 3.22)
+        project(Host LANGUAGES CXX)
+        set(CMAKE_RUNTIME_OUTPUT_DIRECTORY \"\${CMAKE_BINARY_DIR}\")
+        add_subdirectory(\"${SOURCE_DIR}/example\" example)
+        add_library(headers OBJECT headers.cpp)
+        target_link_libraries(headers PRIVATE Quenda::Help)
+    ")
+    string(JOIN " " flags ${warnings})
+    build_with_cmake("${WORK_DIR}" "-DQUENDAHELP_SOURCE_DIR=${SOURCE_DIR}" "-DCMAKE_CXX_FLAGS=${flags}")
     run("${CMAKE_COMMAND}" --install "${WORK_DIR}/build" --prefix "${library}")
     if(EXISTS "${library}")
         message(FATAL_ERROR "The host's installation brings the library: ${output}")
     endif()
 elseif(WAY STREQUAL "system-core")
-    build_with_cmake("-DQUENDAHELP_SOURCE_DIR=${SOURCE_DIR}" -DQUENDAHELP_SYSTEM_CORE=ON
+    build_with_cmake("${SOURCE_DIR}/example" "-DQUENDAHELP_SOURCE_DIR=${SOURCE_DIR}" -DQUENDAHELP_SYSTEM_CORE=ON
         -DQUENDAHELP_INSTALL=ON "-DCMAKE_INSTALL_PREFIX=${WORK_DIR}/elsewhere"
         "-DCMAKE_INSTALL_LIBDIR=${library}" -DCMAKE_INSTALL_INCLUDEDIR=headers)
     run("${CMAKE_COMMAND}" --install "${WORK_DIR}/build")

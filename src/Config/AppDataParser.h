@@ -7,6 +7,11 @@
 
 namespace Quenda::Kit {
 
+// Without a virtual destructor, as applications know it: no matter for those who include this.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
+QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
+
 /**
  * Reads an entry document: every `entry` element, at any depth and under any root, with its "name"
  * attribute and its text as it stands. Start-up does without it; it is for code that reads an entry
@@ -41,5 +46,7 @@ private:
     QMap<QString, QString> entries;
     QString errorText;
 };
+
+QT_WARNING_POP
 
 } // namespace Quenda::Kit

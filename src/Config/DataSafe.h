@@ -6,6 +6,11 @@
 
 namespace Quenda::Kit {
 
+// Without a virtual destructor, as applications know it: no matter for those who include this.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
+QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
+
 /**
  * The configuration store: an ordered map from name to text.
  *
@@ -35,5 +40,7 @@ public:
 private:
     QMap<QString, QString> entries;
 };
+
+QT_WARNING_POP
 
 } // namespace Quenda::Kit

@@ -9,6 +9,11 @@ class QString;
 
 namespace Quenda::Kit {
 
+// Without a virtual destructor, as applications know it: no matter for those who include this.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
+QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
+
 /**
  * Walks the elements of a DOM tree and calls a handler at each; the base of the library's XML
  * readers, and of any reader of a host's that wants the elements of a document one by one.
@@ -68,5 +73,7 @@ protected:
     /** The text did not parse, or an exception ended the walk. */
     virtual void onError(const QString &message);
 };
+
+QT_WARNING_POP
 
 } // namespace Quenda::Kit

@@ -144,7 +144,8 @@ private:
 
     void editElement(const Place &place)
     {
-        const auto &[element, declared, parent, parentDeclared] = place;
+        const XmlElement *element = place.element;
+        const Element *declared = place.declared;
         const auto isNeeded = [](const Element::Part &part) {
             return part.occurrence == Occurrence::Once;
         };
@@ -161,12 +162,13 @@ private:
             || std::any_of(declared->parts.begin(), declared->parts.end(), isNeeded);
         add(what + u"emptied"_s, endOfTag(*element), end, "</" + name + '>',
             isIncomplete ? start : -1);
-        if (!parent)
+        if (!place.parent)
             return;
-        const bool isMissed = std::any_of(
-            parentDeclared->parts.begin(), parentDeclared->parts.end(),
-            [&](const auto &part) { return isNeeded(part) && part.elements.front() == declared; });
-        add(what + u"left out"_s, start, end, "", isMissed ? parent->offset : -1);
+        const auto &siblings = place.parentDeclared->parts;
+        const bool isMissed = std::any_of(siblings.begin(), siblings.end(), [&](const auto &part) {
+            return isNeeded(part) && part.elements.front() == declared;
+        });
+        add(what + u"left out"_s, start, end, "", isMissed ? place.parent->offset : -1);
         const XmlElement *leaf = &xml.root; // which holds no elements
         while (!leaf->children.empty())
             leaf = &leaf->children.front();
@@ -176,7 +178,8 @@ private:
 
     void editText(const Place &place)
     {
-        const auto &[element, declared, parent, parentDeclared] = place;
+        const XmlElement *element = place.element;
+        const Element *declared = place.declared;
         const QString what = nameOf(*declared) + u": "_s;
         const int start = endOfTag(*element);
         if (!declared->text)
@@ -193,7 +196,7 @@ private:
 
     void editAttribute(const Place &place, const Attribute &attribute)
     {
-        const auto &[element, declared, parent, parentDeclared] = place;
+        const auto &[element, declared, parent, _] = place;
         const QByteArray name = attribute.name;
         const QString what = nameOf(*declared) + u" @"_s + QLatin1String(name) + u": "_s;
         // One that is not there is put behind the name.
@@ -303,5 +306,5 @@ private:
     SchemaValidator validator;
 };
 
-QTEST_MAIN(FormatTest)
+QTEST_GUILESS_MAIN(FormatTest)
 #include "FormatTest.moc"

@@ -15,7 +15,19 @@ void startCounting()
     CALLGRIND_ZERO_STATS;
 }
 
-void stopCounting(benchmark::State &state)
+void pauseCounting(benchmark::State &state)
+{
+    CALLGRIND_TOGGLE_COLLECT;
+    state.PauseTiming();
+}
+
+void resumeCounting(benchmark::State &state)
+{
+    state.ResumeTiming();
+    CALLGRIND_TOGGLE_COLLECT;
+}
+
+void stopCounting(benchmark::State &state, int items)
 {
     if (!isCounting())
         return;
@@ -30,7 +42,8 @@ void stopCounting(benchmark::State &state)
         for (QByteArray line = dump.readLine(); !line.isEmpty(); line = dump.readLine())
             if (line.startsWith(key)) {
                 const double total = line.mid(key.size()).trimmed().toDouble();
-                state.counters["instructions"] = total / static_cast<double>(state.iterations());
+                state.counters["instructions"] =
+                    total / (static_cast<double>(state.iterations()) * items);
                 return;
             }
     state.SkipWithError("callgrind wrote no count");

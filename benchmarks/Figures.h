@@ -27,8 +27,12 @@ bool isCounting();
 /** What runs from here on is counted. No effect unless isCounting(). */
 void startCounting();
 
-/** Ends that, and notes the instructions of one iteration in @p state, as its only counter. */
-void stopCounting(benchmark::State &state);
+/** Leaves out what runs until resumeCounting(), of the instructions and of the times. */
+void pauseCounting(benchmark::State &state);
+void resumeCounting(benchmark::State &state);
+
+/** Ends that, and notes the instructions of one item in @p state, as its only counter. */
+void stopCounting(benchmark::State &state, int items);
 
 /** Runs @p once as often as wanted and counts it, without what its caller has prepared. */
 template <typename Once>
@@ -37,7 +41,22 @@ void repeat(benchmark::State &state, Once once, int items = 1)
     startCounting();
     for ([[maybe_unused]] auto step : state)
         once();
-    stopCounting(state);
+    stopCounting(state, items);
+    state.SetItemsProcessed(state.iterations() * items);
+}
+
+/** The same, without what @p prepare does before each. */
+template <typename Prepare, typename Once>
+void repeatPrepared(benchmark::State &state, Prepare prepare, Once once, int items)
+{
+    startCounting();
+    for ([[maybe_unused]] auto step : state) {
+        pauseCounting(state);
+        prepare();
+        resumeCounting(state);
+        once();
+    }
+    stopCounting(state, items);
     state.SetItemsProcessed(state.iterations() * items);
 }
 

@@ -19,15 +19,19 @@ namespace {
 
 constexpr int records = 10000;
 
+QString aRecord()
+{
+    return QStringLiteral("a record of an ordinary length, as applications write them");
+}
+
 // As large as a record, and with the same to construct and destroy.
 class BareEvent : public QEvent
 {
 public:
     explicit BareEvent(const QString &eventText) : QEvent(QEvent::User), text(eventText) { }
 
-private:
-    [[maybe_unused]] quint32 level = 2;
-    QString text;
+    [[maybe_unused]] const quint32 level = 2;
+    const QString text;
 };
 static_assert(sizeof(BareEvent) == sizeof(LogEvent));
 
@@ -43,10 +47,30 @@ public:
     void writeLine(const std::string &line) override { benchmark::DoNotOptimize(line.data()); }
 };
 
+void write(const QString &text, NullComposer *composer)
+{
+    Quenda::Private::printQString(composer->stream, text, false);
+    composer->writeLine(composer->stream.str());
+    composer->stream.str(std::string());
+}
+
+// Writes what it is sent, whatever it is.
+class BareReceiver : public QObject
+{
+public:
+    bool event(QEvent *event) override
+    {
+        write(static_cast<const BareEvent *>(event)->text, &composer);
+        return true;
+    }
+
+private:
+    NullComposer composer;
+};
+
 void addPosting(int threads)
 {
-    const QString text =
-        QStringLiteral("a record of an ordinary length, as applications write them");
+    const QString text = aRecord();
     const auto receiver = std::make_shared<QObject>();
     const auto code = [text](benchmark::State &state) {
         repeat(state, [&text] { Logger::logErr(text); });
@@ -65,10 +89,37 @@ void addPosting(int threads)
               });
 }
 
+// From the queue to the composer.
+void addDelivery()
+{
+    constexpr int waiting = 100;
+    const QString text = aRecord();
+    const auto code = [text](benchmark::State &state) {
+        NullComposer composer;
+        auto *previous = Quenda::setDefaultLogger(LogLevel::Error, &composer);
+        const auto logAll = [&text] {
+            for (int i = 0; i < waiting; ++i)
+                Logger::logErr(text);
+        };
+        const auto deliver = [] { QCoreApplication::sendPostedEvents(); };
+        repeatPrepared(state, logAll, deliver, waiting);
+        Quenda::setDefaultLogger(LogLevel::Error, previous);
+    };
+    const auto baseline = [text](benchmark::State &state) {
+        BareReceiver receiver;
+        const auto postAll = [&] {
+            for (int i = 0; i < waiting; ++i)
+                postBare(&receiver, text);
+        };
+        const auto deliver = [] { QCoreApplication::sendPostedEvents(); };
+        repeatPrepared(state, postAll, deliver, waiting);
+    };
+    addFigure("delivery of a record", 1.15, code, baseline);
+}
+
 void addWholeWay()
 {
-    const QString text =
-        QStringLiteral("a record of an ordinary length, as applications write them");
+    const QString text = aRecord();
     const auto code = [text](benchmark::State &state) {
         NullComposer composer;
         auto *previous = Quenda::setDefaultLogger(LogLevel::Error, &composer);
@@ -83,11 +134,8 @@ void addWholeWay()
     const auto baseline = [text](benchmark::State &state) {
         NullComposer composer;
         const auto writeAll = [&] {
-            for (int i = 0; i < records; ++i) {
-                Quenda::Private::printQString(composer.stream, text, false);
-                composer.writeLine(composer.stream.str());
-                composer.stream.str(std::string());
-            }
+            for (int i = 0; i < records; ++i)
+                write(text, &composer);
         };
         repeat(state, writeAll, records);
     };
@@ -116,5 +164,6 @@ void addLoggerFigures()
 {
     for (int threads : {1, 2, 8})
         addPosting(threads);
+    addDelivery();
     addWholeWay();
 }

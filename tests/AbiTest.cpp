@@ -7,7 +7,7 @@
 #include <Help/Controller.h>
 
 #include <QDomElement>
-#include <QtTest>
+#include <QTest>
 
 #include <cstring>
 #include <type_traits>

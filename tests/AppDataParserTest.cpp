@@ -1,7 +1,7 @@
 #include "Config/AppDataParser.h"
 #include "StringLiterals.h"
 
-#include <QtTest>
+#include <QTest>
 
 using Quenda::Kit::AppDataParser;
 

@@ -5,7 +5,7 @@
 
 #include <QDirIterator>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QTest>
 
 using namespace Quenda::Workbench;
 
@@ -97,8 +97,8 @@ private Q_SLOTS:
         const Document edited = documentOf(documentPath(document), content);
         const Position marked = positionOf(content, offset);
         QStringList messages;
-        for (const Finding &finding :
-             checkDocument(edited, document.section(QLatin1Char('/'), 0, 0))) {
+        const auto found = checkDocument(edited, document.section(QLatin1Char('/'), 0, 0));
+        for (const Finding &finding : found) {
             const auto [line, column] = finding.position;
             const bool isThere = line == marked.line && column == marked.column;
             messages += (isThere ? QString() : u"elsewhere: "_s)

@@ -7,7 +7,7 @@
 #include <boost/weak_ptr.hpp>
 
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 #include <malloc.h>
 

@@ -1,7 +1,7 @@
 #include "Config/DataSafe.h"
 #include "StringLiterals.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -2,7 +2,7 @@
 #include "StringLiterals.h"
 
 #include <QDomDocument>
-#include <QtTest>
+#include <QTest>
 
 #include <stdexcept>
 

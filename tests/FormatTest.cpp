@@ -5,7 +5,7 @@
 #include "document/Place.h"
 
 #include <QRegularExpression>
-#include <QtTest>
+#include <QTest>
 
 #include <set>
 
@@ -267,7 +267,7 @@ private Q_SLOTS:
         std::set<const void *> seen;
         for (const QString &product : {u"lorvan"_s, u"tesmar"_s}) {
             QString error;
-            for (const Document &document : Place::find(product, &error)->read()) {
+            for (const Document &document : Place::find(product, &error).value().read()) {
                 // Without empty tags, which would be a case of their own.
                 const QString content =
                     QString::fromUtf8(document.xml.content)

@@ -2,7 +2,7 @@
 
 #include <QFile>
 #include <QLibrary>
-#include <QtTest>
+#include <QTest>
 
 // Does not link the library: loads it like a plug-in.
 class LoadingTest : public QObject

@@ -3,7 +3,8 @@
 
 #include <QuendaCore/DefaultLogger.h>
 
-#include <QtTest>
+#include <QTest>
+#include <QThread>
 
 #include <sys/wait.h>
 #include <unistd.h>

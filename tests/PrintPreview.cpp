@@ -11,9 +11,9 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
-#include <QtTest>
 
 #include <cstdio>
 
@@ -25,10 +25,10 @@ namespace {
 Place copyInto(const QString &folder)
 {
     QString error;
-    const Place builtIn = *Place::find(QStringLiteral("tesmar"), &error);
+    const Place builtIn = Place::find(QStringLiteral("tesmar"), &error).value();
     Place copy = builtIn;
     copy.folder = folder;
-    for (DocumentKind kind : copy.kinds) {
+    for (const DocumentKind kind : builtIn.kinds) {
         QFile::copy(builtIn.pathOf(kind), copy.pathOf(kind));
         QFile::setPermissions(copy.pathOf(kind), QFile::ReadOwner | QFile::WriteOwner);
     }

@@ -12,13 +12,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
-#include <QtTest>
 
 #include <cstdio>
 #include <map>
 #include <set>
+#include <vector>
 
 using namespace Quenda::Workbench;
 
@@ -71,13 +72,13 @@ QString nameOf(const QIcon &icon)
 }
 
 // The widgets directly in another that can be seen, row by row.
-QVector<QWidget *> visibleIn(const QWidget &parent)
+std::vector<QWidget *> visibleIn(const QWidget &parent)
 {
-    QVector<QWidget *> widgets;
+    std::vector<QWidget *> widgets;
     const auto children = parent.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget *child : children)
         if (child->isVisible() && !child->objectName().startsWith(QLatin1String("qt_")))
-            widgets += child;
+            widgets.push_back(child);
     std::sort(widgets.begin(), widgets.end(), [](const QWidget *a, const QWidget *b) {
         return std::make_pair(a->y(), a->x()) < std::make_pair(b->y(), b->x());
     });
@@ -103,7 +104,8 @@ public:
     explicit SurfacePrinter(const Place &place) : surface(place.read())
     {
         surface.show();
-        for (const HostState &state : statesToShow(place.product))
+        const auto states = statesToShow(place.product);
+        for (const HostState &state : states)
             for (const auto shown : {Presentation::ToolBoxes, Presentation::ToolBars}) {
                 surface.showState(state, shown);
                 surface.resize(surface.sizeHint().expandedTo({1600, 900}));
@@ -164,7 +166,7 @@ private:
         std::set<int> gaps;
         QRect area;
         const QWidget *previous = nullptr;
-        const QVector<QWidget *> widgets = visibleIn(content);
+        const std::vector<QWidget *> widgets = visibleIn(content);
         for (const QWidget *widget : widgets) {
             area |= widget->geometry();
             rows.insert(widget->y());
@@ -174,7 +176,7 @@ private:
             previous = widget;
         }
         QStringList gapTexts;
-        for (int gap : gaps)
+        for (const int gap : gaps)
             gapTexts += QString::number(gap);
         if (!qobject_cast<const QToolBar *>(&content))
             print(2, QStringLiteral("columns %1, margins %2 %3 %4, gaps %5")
@@ -254,5 +256,5 @@ int main(int argc, char *argv[])
     QApplication::setFont(font);
     QString error;
     const auto place = Place::find(QString::fromLocal8Bit(argv[1]), &error);
-    SurfacePrinter printer(*place);
+    const SurfacePrinter printer(place.value());
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 /** What became of a program. */
 struct Outcome

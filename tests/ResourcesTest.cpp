@@ -1,7 +1,7 @@
 #include "StringLiterals.h"
 
 #include <QResource>
-#include <QtTest>
+#include <QTest>
 
 int qInitResources_quendahelp();
 int qCleanupResources_quendahelp();

@@ -3,8 +3,8 @@
 
 #include <QDomDocument>
 #include <QSet>
+#include <QTest>
 #include <QTime>
-#include <QtTest>
 
 using Quenda::Kit::Utils;
 

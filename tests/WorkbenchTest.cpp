@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(outcome.status, 0);
 
         QString error;
-        Surface surface(Place::find(u"tesmar"_s, &error)->read());
+        Surface surface(Place::find(u"tesmar"_s, &error).value().read());
         surface.showState(hostStates(u"tesmar"_s).at(state), presentation);
         QMenu *opened = menu.isEmpty() ? nullptr : surface.menuBar()->findChild<QMenu *>(menu);
         QCOMPARE(QImage(u"s.BMP"_s).convertToFormat(QImage::Format_RGB32),
@@ -167,7 +167,7 @@ private Q_SLOTS:
     {
         QString error;
         const auto states = hostStates(u"lorvan"_s);
-        Surface surface(Place::find(u"lorvan"_s, &error)->read());
+        Surface surface(Place::find(u"lorvan"_s, &error).value().read());
         surface.showState(states.at(0), Presentation::ToolBars);
         const QImage bars = pictureOf(surface);
         const auto shown = surface.findChildren<QToolBar *>();

@@ -101,7 +101,7 @@ void PreviewWindow::watch()
     if (place.isBuiltIn())
         return;
     QStringList paths {place.folder};
-    for (DocumentKind kind : place.kinds)
+    for (const DocumentKind kind : place.kinds)
         if (QFileInfo::exists(place.pathOf(kind)))
             paths += place.pathOf(kind);
     watcher.addPaths(paths);

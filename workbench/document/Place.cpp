@@ -64,7 +64,7 @@ QString Place::pathOf(DocumentKind kind) const
 Documents Place::read() const
 {
     Documents documents;
-    for (DocumentKind kind : kinds) {
+    for (const DocumentKind kind : kinds) {
         Document document {kind, pathOf(kind), {}};
         QFile file(document.path);
         if (file.open(QIODevice::ReadOnly))

@@ -49,12 +49,14 @@ struct XmlElement
     /** The attribute's value; empty when there is none. */
     QString value(const char *attribute) const
     {
-        return has(attribute) ? find(attribute)->value : QString();
+        const XmlAttribute *found = find(attribute);
+        return found ? found->value : QString();
     }
     /** Where the attribute begins; the element itself when it has none of the name. */
     int offsetOf(const char *attribute) const
     {
-        return has(attribute) ? find(attribute)->offset : offset;
+        const XmlAttribute *found = find(attribute);
+        return found ? found->offset : offset;
     }
     /** Where the text begins; the element itself when it has none. */
     int offsetOfText() const { return textOffset < 0 ? offset : textOffset; }

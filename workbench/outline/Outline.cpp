@@ -28,7 +28,7 @@ QStringList wordsOf(const XmlElement &element, const Element &declared)
         const bool isNeeded = attribute.occurrence == Occurrence::Once;
         if (isNeeded && (name == QLatin1String("id") || name == QLatin1String("name")))
             words += value;
-        else if (element.has(attribute.name) && !(isNeeded && attribute.value.choices.size() == 1))
+        else if (element.has(attribute.name) && (!isNeeded || attribute.value.choices.size() != 1))
             words += name + QLatin1Char(' ') + value;
     }
     for (const Element::Part &part : declared.parts)

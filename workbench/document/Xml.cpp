@@ -63,7 +63,14 @@ public:
 private:
     static Reader &reader(void *self) { return *static_cast<Reader *>(self); }
 
-    int here() const { return static_cast<int>(XML_GetCurrentByteIndex(parser.get())); }
+    int here() const
+    {
+#if XML_MAJOR_VERSION > 2 || XML_MINOR_VERSION >= 9 // which deprecates the other
+        return static_cast<int>(XML_GetCurrentByteIndex64(parser.get()));
+#else
+        return static_cast<int>(XML_GetCurrentByteIndex(parser.get()));
+#endif
+    }
 
     void stop(int offset, const QString &why)
     {

@@ -64,9 +64,8 @@ void addGetter(const char *getterName, const QString &name, Getter getter, Conve
     const auto baseline = [=](benchmark::State &state) {
         repeat(state, [&] {
             bool ok = false;
-            const QString text = find(entries, name, ok);
-            auto &&value = conversion(text, ok); // of getString, the text itself
-            benchmark::DoNotOptimize(value);
+            QString text = find(entries, name, ok);
+            benchmark::DoNotOptimize(conversion(text, ok));
             benchmark::DoNotOptimize(ok);
         });
     };
@@ -124,7 +123,7 @@ void addParser(int entries)
 void addReadingFigures()
 {
     addGetter("getString", QStringLiteral("fileSaveDomain"), &AbstractDataSafe::getString,
-              [](const QString &text, bool) -> const QString & { return text; });
+              [](QString &text, bool) -> QString & { return text; });
     addGetter("getBool", QStringLiteral("mtmEnabled"), &AbstractDataSafe::getBool,
               [](const QString &text, bool &ok) {
                   const bool isTrue = text == QLatin1String("true");

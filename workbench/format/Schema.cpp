@@ -102,7 +102,7 @@ private:
             if (element.parts.empty() && element.text)
                 writeValue(*element.text);
             else if (element.parts.empty())
-                write("empty", [] {});
+                xml.writeEmptyElement(QStringLiteral("empty"));
         });
     }
 
@@ -123,22 +123,23 @@ private:
     void writeValue(const Value &value)
     {
         if (value.isAnyText())
-            return write("text", [] {});
-        writeIf(value.choices.size() > 1, "choice", [&] {
-            for (const QString &choice : value.choices)
-                write("value", [&] {
-                    attribute("type", "string");
-                    attribute("datatypeLibrary", ""); // whose messages are clearer in xmllint
-                    xml.writeCharacters(choice);
-                });
-        });
-        if (value.choices.isEmpty())
+            xml.writeEmptyElement(QStringLiteral("text"));
+        else if (value.choices.isEmpty())
             write("data", [&] {
                 attribute("type", "string");
                 write("param", [&] {
                     attribute("name", "pattern");
                     xml.writeCharacters(value.pattern);
                 });
+            });
+        else
+            writeIf(value.choices.size() > 1, "choice", [&] {
+                for (const QString &choice : value.choices)
+                    write("value", [&] {
+                        attribute("type", "string");
+                        attribute("datatypeLibrary", ""); // whose messages are clearer in xmllint
+                        xml.writeCharacters(choice);
+                    });
             });
     }
 

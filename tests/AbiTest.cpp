@@ -89,6 +89,7 @@ private Q_SLOTS:
 
         QCOMPARE(slotOf(&AbstractConnector::productId), 0);
         QCOMPARE(slotOf(&AbstractConnector::setAppData), 1);
+        QCOMPARE(slotOf(&Extended<AbstractConnector>::next), 2);
 
         QCOMPARE(slotOf(&Visitor::onVisitStarted), 0);
         QCOMPARE(slotOf(&Visitor::onVisitEnded), 1);

@@ -27,9 +27,9 @@ private Q_SLOTS:
         commandLineRow("--version", 0, "quenda-host " VERSION "\n", "");
         commandLineRow("lorvan --entry optimizeEnabled", 1, "", "no entry \"optimizeEnabled\"");
         commandLineRow("other", 1, "",
-                       "no configuration for product \"other\"; there are: lorvan, tesmar");
+                       "no configuration for product \"other\"; there are: " PRODUCTS);
         commandLineRow("lorvan --document confs", 2, "", "there are: entries, tools, menus");
-        commandLineRow("", 2, "", "needs one product (lorvan, tesmar)");
+        commandLineRow("", 2, "", "needs one product (" PRODUCTS ")");
         commandLineRow("other --document tools", 1, "", "no configuration for product");
         commandLineRow("lorvan --entry a --document tools", 2, "", "exclude each other");
         commandLineRow("lorvan --unknown", 2, "", "Unknown option 'unknown'");
@@ -44,6 +44,8 @@ private Q_SLOTS:
         QCOMPARE(outcome.status, 0);
         QVERIFY(outcome.output.contains("Exit status: 0 shown, 1 not found, 2 wrong usage."));
     }
+
+    void messages() { QCOMPARE(run(QUENDA_HOST, {u"lorvan"_s}).errors, QByteArray()); }
 
     void outputThatCannotBeWritten()
     {

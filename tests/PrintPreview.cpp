@@ -103,6 +103,10 @@ public:
                 ->findChild<QAbstractButton *>(QStringLiteral("qt_dockwidget_closebutton"))
                 ->click();
         });
+        step("the next state", [this] {
+            window.findChild<QComboBox *>(QStringLiteral("state"))->setFocus();
+            press(Qt::Key_Down);
+        });
         step("saved", [this] { save(tools, withTool("fourth")); });
         step("tool bars", [this] {
             press(Qt::Key_Tab);
@@ -172,7 +176,10 @@ private:
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
                 darkest = std::min(darkest, qGray(image.pixel(x, y)));
-        lines += QLatin1String(darkest > 100 ? "set back" : "clear");
+        lines += QStringLiteral("%1, %2 from the left, %3 from the right")
+                     .arg(QLatin1String(darkest > 100 ? "set back" : "clear"))
+                     .arg(area.left())
+                     .arg(window.width() - 1 - area.right());
         auto *pane = window.findChild<QListWidget *>();
         for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
             lines +=

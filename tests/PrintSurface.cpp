@@ -123,8 +123,17 @@ private:
     void printPanels()
     {
         const QRect drawing = surface.centralWidget()->geometry();
-        print(1, QStringLiteral("middle ")
-                     + inQuotes(static_cast<QLabel *>(surface.centralWidget())->text()));
+        const QImage middle = surface.centralWidget()->grab().toImage();
+        QRegion writing;
+        for (int x = 0; x < middle.width(); ++x)
+            for (int y = 0; y < middle.height(); ++y)
+                if (middle.pixel(x, y) != middle.pixel(0, 0))
+                    writing += QRect(x, y, 1, 1);
+        const QPoint off = writing.boundingRect().center() - middle.rect().center();
+        print(1, QStringLiteral("middle %1 on %2%3")
+                     .arg(inQuotes(static_cast<QLabel *>(surface.centralWidget())->text()),
+                          middle.pixelColor(0, 0).name(),
+                          QLatin1String(off.manhattanLength() < 8 ? "" : ", off its center")));
         std::set<int> rows;
         for (const QWidget *panel : visibleIn(surface))
             if (qobject_cast<const QToolBar *>(panel))

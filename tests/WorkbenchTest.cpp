@@ -55,7 +55,7 @@ private Q_SLOTS:
         commandLineRow("outline", 2, "", "outline needs PLACE");
         commandLineRow("outline lorvan tesmar", 2, "", "outline needs PLACE");
 
-        commandLineRow("check", 0, "Documents: 6, errors: 0, warnings: 0\n", "");
+        commandLineRow("check", 0, "Documents: " DOCUMENT_COUNT ", errors: 0, warnings: 0\n", "");
         commandLineRow("Check LORVAN wrong/tesmar/menus.xml", 0,
                        "Documents: 4, errors: 0, warnings: 0\n", "");
         commandLineRow("check odd/tesmar/", 0,
@@ -68,7 +68,7 @@ private Q_SLOTS:
         commandLineRow("check wrong/tesmar/tools.xml", 1, wrong, "");
         commandLineRow("check none wrong/tesmar/tools.xml", 2, wrong, "there is no \"none\"");
         commandLineRow("check wrong/tesmar/tools.xml none", 2, wrong, "there is no \"none\"");
-        commandLineRow("check none", 2, "", "or a product: lorvan, tesmar");
+        commandLineRow("check none", 2, "", "or a product: " PRODUCTS);
         commandLineRow("check empty", 2, "",
                        "\"empty\" holds none of confs.xml, tools.xml, menus.xml");
         commandLineRow("check odd/entries.xml", 2, "", "expected confs.xml, tools.xml, menus.xml");
@@ -76,7 +76,7 @@ private Q_SLOTS:
                        "partial/menus.xml:1:1: error: cannot be read: No such file or directory; a "
                        "product needs all three documents\nDocuments: 3, errors: 1, warnings: 0\n",
                        "partial: the product \"partial\" is unknown, so its states and entries are "
-                       "not checked; there are: lorvan, tesmar");
+                       "not checked; there are: " PRODUCTS);
 
         commandLineRow("outline tesmar/tools.xml", 2, "", "there is no \"tesmar/tools.xml\"");
         commandLineRow("outline odd/tesmar/confs.xml", 2, "", "is one document; expected");
@@ -187,6 +187,8 @@ private Q_SLOTS:
         };
         const QRect left(0, 0, corner.x() - start.x(), treatment->height()); // of the sub-menu
         QCOMPARE(open.copy(left.translated(start)), imageOf(treatment, left));
+        const QRect title = surface.menuBar()->actionGeometry(treatment->menuAction());
+        QVERIFY(open.copy(title) != bars.copy(title)); // marked
         QCOMPARE(open.copy(QRect(corner, points->size())), imageOf(points, points->rect()));
         QVERIFY(open.rect().contains(QRect(corner, points->size())));
     }

@@ -98,8 +98,6 @@ QComboBox *PreviewWindow::addSelector(QHBoxLayout *controls, const QString &name
 // A file that was replaced by renaming another over it is a new one, and has to be watched anew.
 void PreviewWindow::watch()
 {
-    if (place.isBuiltIn())
-        return;
     QStringList paths {place.folder};
     for (const DocumentKind kind : place.kinds)
         if (QFileInfo::exists(place.pathOf(kind)))
@@ -117,7 +115,6 @@ void PreviewWindow::reload()
     if (hasErrors(findings))
         return;
     auto *built = new Surface(documents, surface ? surface->closedPanels() : QSet<QString>());
-    built->setWindowFlags(Qt::Widget);
     delete surface;
     surface = built;
     showState();

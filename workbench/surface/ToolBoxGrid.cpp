@@ -100,8 +100,6 @@ void ToolBoxGrid::showAvailable(quint32 state)
         if (!item.cells.isNull())
             grid->setRowMinimumHeight(cells.y(), 2 * fontMetrics().height());
     }
-    for (int column = 0; column < std::max(columns, grid->columnCount()); ++column)
-        grid->setColumnStretch(column, 1);
     grid->setRowStretch(grid->rowCount(), 1);
     updateGeometry();
 }

@@ -101,8 +101,12 @@ void addFigure(const std::string &name, double limit, const Body &code, const Bo
     if (isCounting() && limit == noLimit)
         return;
     figures().push_back({name, limit});
+    const std::string baselineName = baselineOf(name);
+    // Older releases of Google Benchmark take a text of C.
+    // NOLINTBEGIN(readability-redundant-string-cstr)
     for (auto *one : {benchmark::RegisterBenchmark(name.c_str(), code),
-                      benchmark::RegisterBenchmark(baselineOf(name).c_str(), baseline)}) {
+                      benchmark::RegisterBenchmark(baselineName.c_str(), baseline)}) {
+        // NOLINTEND(readability-redundant-string-cstr)
         if (isCounting())
             one->Iterations(500)->Repetitions(2); // once to warm up: the last one stays
         else if (configure)

@@ -72,6 +72,13 @@ if(TARGET quenda-workbench)
         "pictures what they make of an application's window, outlines what they"
         "hold. With RELAX NG schemas for editors.")
 endif()
+if(TARGET reference)
+    quenda_package(quendahelp-doc doc Documentation ""
+        "product configuration for pattern-design applications (documentation)"
+        "The reference of the library and its pages, in HTML and as help for Qt"
+        "Creator and Assistant.")
+    set(CPACK_DEBIAN_${upper}_PACKAGE_ARCHITECTURE all)
+endif()
 if(TARGET quenda-host)
     quenda_package(quendacore-stand-in devel "QuendaCore;Host"
         "${same_version}, qtbase5-dev, libboost-dev"

@@ -5,9 +5,18 @@
 #include <Help/AbstractConnector.h>
 #include <Help/AbstractDataSafe.h>
 
+/**
+ * @defgroup stand_in The stand-in for the framework
+ *
+ * As much of the framework's library, libQuendaCore, as this library and its hosts need, so that
+ * everything builds, runs and is tested without it. A host that has the framework includes its
+ * headers instead; what is said here of the classes holds for the stand-in.
+ */
+
 namespace Quenda {
 
 /**
+ * @ingroup stand_in
  * The connector between a host and the library. A host makes one before it starts the library up
  * and keeps it while the process reads its configuration; there is one at a time, as with
  * QCoreApplication. It belongs to the user-interface thread.

@@ -11,6 +11,7 @@ class QString;
 namespace Quenda {
 
 /**
+ * @ingroup stand_in
  * The composer for records of this severity, or null when nothing is written for it.
  *
  * To begin with, errors, warnings and the other severities go to standard error, each line with the
@@ -20,6 +21,7 @@ namespace Quenda {
 QUENDACORE_EXPORT TextLineComposer<char> *DefaultLogger(LogLevel level);
 
 /**
+ * @ingroup stand_in
  * Puts @p composer in the place of the present one for @p level; null switches the severity off.
  * The composer remains the caller's and must outlive its use. A level that is not in the
  * enumeration has no composer and takes none.
@@ -31,7 +33,10 @@ QUENDACORE_EXPORT TextLineComposer<char> *setDefaultLogger(LogLevel level,
 
 namespace Private {
 
-/** Writes @p text to @p stream in UTF-8, after a blank when the line holds text already. */
+/**
+ * @ingroup stand_in
+ * Writes @p text to @p stream in UTF-8, after a blank when the line holds text already.
+ */
 QUENDACORE_EXPORT void printQString(std::ostream &stream, const QString &text, bool lineHasText);
 
 } // namespace Private

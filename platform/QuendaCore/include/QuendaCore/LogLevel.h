@@ -4,7 +4,10 @@
 
 namespace Quenda {
 
-/** How severe a record is; the values are fixed. */
+/**
+ * @ingroup stand_in
+ * How severe a record is; the values are fixed.
+ */
 enum class LogLevel : qint32 {
     Fatal = 1,
     Error = 2,

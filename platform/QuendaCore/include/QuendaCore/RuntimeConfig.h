@@ -6,7 +6,10 @@
 
 namespace Quenda {
 
-/** An entry document, loaded whole when it is constructed. */
+/**
+ * @ingroup stand_in
+ * An entry document, loaded whole when it is constructed.
+ */
 class QUENDACORE_EXPORT RuntimeConfig
 {
 public:

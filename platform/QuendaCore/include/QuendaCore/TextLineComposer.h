@@ -6,6 +6,7 @@
 namespace Quenda {
 
 /**
+ * @ingroup stand_in
  * Composes one line of output at a time in `stream` and hands it to writeLine() when it is flushed.
  * It belongs to the thread that writes.
  */

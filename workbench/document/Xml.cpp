@@ -2,6 +2,8 @@
 
 #include "document/Text.h"
 
+#include <QTextCodec>
+
 #include <expat.h>
 
 #include <cstring>
@@ -27,6 +29,14 @@ int skipBlanks(const QByteArray &content, int offset)
     return offset;
 }
 
+// QString::fromUtf8() drops a byte order mark, which inside a document is a character.
+QString textFrom(const char *utf8, int size = -1)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return QTextCodec::codecForName("UTF-8")->toUnicode(
+        utf8, size < 0 ? static_cast<int>(qstrlen(utf8)) : size, &state);
+}
+
 class Reader
 {
 public:
@@ -37,8 +47,8 @@ public:
     {
         XML_SetUserData(parser.get(), this);
         XML_SetXmlDeclHandler(parser.get(), [](void *self, auto *version, auto *encoding, int) {
-            reader(self).document.version = QString::fromUtf8(version);
-            reader(self).document.encoding = QString::fromUtf8(encoding);
+            reader(self).document.version = textFrom(version);
+            reader(self).document.encoding = textFrom(encoding);
         });
         XML_SetStartDoctypeDeclHandler(
             parser.get(), [](void *self, auto *name, auto *system, auto *publicId, int hasSubset) {
@@ -49,7 +59,7 @@ public:
             [](void *self, auto *name, auto **list) { reader(self).startElement(name, list); },
             [](void *self, auto *) { reader(self).endElement(); });
         XML_SetCharacterDataHandler(parser.get(), [](void *self, auto *text, int size) {
-            reader(self).addText(QString::fromUtf8(text, size));
+            reader(self).addText(textFrom(text, size));
         });
     }
 
@@ -80,7 +90,7 @@ private:
 
     void documentType(const char *name, bool hasMore)
     {
-        document.documentType = QString::fromUtf8(name);
+        document.documentType = textFrom(name);
         document.documentTypeOffset = content.lastIndexOf("<!", here());
         if (hasMore)
             stop(document.documentTypeOffset,
@@ -93,14 +103,13 @@ private:
             return stop(here(),
                         compose("nested deeper than %1 elements; expected less", maximumDepth));
         XmlElement element;
-        element.name = QString::fromUtf8(name);
+        element.name = textFrom(name);
         element.offset = here();
         // The tag is well-formed, so its attributes are easily found.
         int offset = here() + 1 + static_cast<int>(std::strlen(name));
         for (; *list; list += 2) {
             offset = skipBlanks(content, offset);
-            element.attributes.append(
-                {QString::fromUtf8(list[0]), QString::fromUtf8(list[1]), offset});
+            element.attributes.append({textFrom(list[0]), textFrom(list[1]), offset});
             const int quote = skipBlanks(content, content.indexOf('=', offset) + 1);
             offset = content.indexOf(content.at(quote), quote + 1) + 1;
         }

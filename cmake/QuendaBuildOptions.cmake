@@ -3,9 +3,9 @@ add_library(QuendaBuildOptions INTERFACE)
 target_compile_options(QuendaBuildOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wundef -Wcast-align -Wcast-qual -Wformat=2
     -Wold-style-cast -Woverloaded-virtual -Wsuggest-override)
-# The store has no virtual destructor, and boost::shared_ptr deletes it as the concrete type.
-target_compile_options(QuendaBuildOptions INTERFACE
-    $<$<CXX_COMPILER_ID:Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
+# The store has no virtual destructor, and boost::shared_ptr deletes it as the concrete type. The
+# warning is Clang's; it stands in g++'s commands too, since the analysers read those with Clang.
+target_compile_options(QuendaBuildOptions INTERFACE -Wno-delete-non-abstract-non-virtual-dtor)
 target_compile_definitions(QuendaBuildOptions INTERFACE
     QT_NO_CAST_FROM_ASCII
     QT_NO_CAST_TO_ASCII

@@ -195,7 +195,7 @@ XmlDocument XmlDocument::fromBytes(const QByteArray &content)
     XmlDocument document;
     document.content = content.startsWith("\xef\xbb\xbf") ? content.mid(3) : content;
     // The parser would read UTF-16, too.
-    const int zero = content.indexOf('\0');
+    const int zero = document.content.indexOf('\0');
     if (zero == 0 || zero == 1 || content.startsWith("\xff\xfe") || content.startsWith("\xfe\xff"))
         document.error = {0, compose("UTF-16; expected UTF-8")};
     else if (zero > 0)
@@ -216,8 +216,8 @@ Position positionOf(const QByteArray &content, int offset)
 
 QString characterAt(const QByteArray &content, int offset)
 {
-    const QVector<uint> characters = QString::fromUtf8(content.mid(offset, 4)).toUcs4();
-    return QString::fromUcs4(&characters.constFirst(), 1);
+    const QString text = textFrom(content.constData() + offset, qMin(4, content.size() - offset));
+    return text.left(text.front().isHighSurrogate() ? 2 : 1);
 }
 
 } // namespace Quenda::Workbench

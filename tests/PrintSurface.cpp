@@ -133,7 +133,7 @@ private:
         print(1, QStringLiteral("middle %1 on %2%3")
                      .arg(inQuotes(static_cast<QLabel *>(surface.centralWidget())->text()),
                           middle.pixelColor(0, 0).name(),
-                          QLatin1String(off.manhattanLength() < 8 ? "" : ", off its center")));
+                          QLatin1String(off.manhattanLength() < 8 ? "" : ", off its centre")));
         std::set<int> rows;
         for (const QWidget *panel : visibleIn(surface))
             if (qobject_cast<const QToolBar *>(panel))

@@ -129,6 +129,23 @@ private Q_SLOTS:
         }
     }
 
+    // What editors learn the formats from.
+    void examples()
+    {
+        const QString page = QString::fromUtf8(contentOf(QStringLiteral(PAGE)));
+        for (const QString &file : {u"confs.xml"_s, u"tools.xml"_s, u"menus.xml"_s}) {
+            const QString example = page.section(u"\n## %1\n"_s.arg(file), 1)
+                                        .section(u"```xml\n"_s, 1)
+                                        .section(u"```"_s, 0, 0);
+            const Document document =
+                documentOf(documentPath(u"lorvan/"_s + file), example.toUtf8());
+            // Of a product's entries, all but those of the example would be missed.
+            const bool isWhole = document.kind != DocumentKind::Entries;
+            const auto found = checkDocument(document, isWhole ? u"lorvan"_s : QString());
+            QVERIFY2(found.isEmpty(), qPrintable(found.value(0).line()));
+        }
+    }
+
     // QDomDocument, with which applications read, would run out of stack.
     void nestedBeyondAnySense()
     {

@@ -120,6 +120,8 @@ void checkEntries(const XmlDocument &xml)
 // The properties of a menu or an action are what the document sets them to.
 void checkProperties(const QObject &object, const XmlElement &element)
 {
+    const XmlElement *visible = propertyOf(element, QStringLiteral("visible"));
+    const bool isHidden = visible && visible->text == QLatin1String("false");
     for (const XmlElement &property : element.children) {
         if (!property.is("property"))
             continue;
@@ -127,7 +129,8 @@ void checkProperties(const QObject &object, const XmlElement &element)
         const QVariant actual = object.property(qPrintable(property.value("name")));
         bool isSame = true; // or not easily compared
         if (value.is("bool"))
-            isSame = actual.toBool() == (value.text == QLatin1String("true"));
+            // Qt disables what it hides.
+            isSame = isHidden || actual.toBool() == (value.text == QLatin1String("true"));
         else if (actual.userType() == QMetaType::QKeySequence)
             isSame = actual.value<QKeySequence>() == QKeySequence::fromString(value.text);
         else if (value.is("string"))

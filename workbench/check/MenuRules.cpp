@@ -101,18 +101,22 @@ private:
     void checkProperties(const XmlElement &object)
     {
         QStringList seen;
+        bool isCheckable = false;
         for (const XmlElement &property : object.children) {
             if (!property.is("property"))
                 continue;
             const QString name = property.value("name");
+            const XmlElement &value = property.children.front();
             if (seen.contains(name))
                 findings.error(property.offset, "property \"%1\" stands twice; expected once",
                                name);
-            if (name == QLatin1String("checked") && !seen.contains(QLatin1String("checkable")))
-                findings.error(property.offset,
-                               "\"checked\" without \"checkable\" in front; expected this first");
+            if (name == QLatin1String("checkable"))
+                isCheckable = value.text == QLatin1String("true");
+            if (name == QLatin1String("checked") && !isCheckable)
+                findings.error(property.offset, "\"checked\" of what is not checkable so far; "
+                                                "expected \"checkable\" in front");
             if (name == QLatin1String("icon"))
-                checkIcon(property.children.front());
+                checkIcon(value);
             seen += name;
         }
     }

@@ -16,6 +16,9 @@ namespace {
 // Deeper than any real document; QDomDocument recurses and would overflow the stack.
 constexpr int maximumDepth = 100;
 
+constexpr char byteOrderMark[] = "\xef\xbb\xbf";
+constexpr int byteOrderMarkSize = sizeof byteOrderMark - 1;
+
 // White space as XML has it; Qt knows more.
 constexpr bool isBlank(ushort character)
 {
@@ -65,6 +68,8 @@ public:
 
     void read()
     {
+        // It passes over one mark, and a second one is no part of a document.
+        XML_Parse(parser.get(), byteOrderMark, byteOrderMarkSize, XML_FALSE);
         if (XML_Parse(parser.get(), content.constData(), content.size(), XML_TRUE) != XML_STATUS_OK
             && document.error.text.isEmpty())
             document.error = errorAt(here());
@@ -76,10 +81,11 @@ private:
     int here() const
     {
 #if XML_MAJOR_VERSION > 2 || XML_MINOR_VERSION >= 9 // which deprecates the other
-        return static_cast<int>(XML_GetCurrentByteIndex64(parser.get()));
+        const auto index = XML_GetCurrentByteIndex64(parser.get());
 #else
-        return static_cast<int>(XML_GetCurrentByteIndex(parser.get()));
+        const auto index = XML_GetCurrentByteIndex(parser.get());
 #endif
+        return static_cast<int>(index) - byteOrderMarkSize;
     }
 
     void stop(int offset, const QString &why)
@@ -193,7 +199,7 @@ private:
 XmlDocument XmlDocument::fromBytes(const QByteArray &content)
 {
     XmlDocument document;
-    document.content = content.startsWith("\xef\xbb\xbf") ? content.mid(3) : content;
+    document.content = content.startsWith(byteOrderMark) ? content.mid(byteOrderMarkSize) : content;
     // The parser would read UTF-16, too.
     const int zero = document.content.indexOf('\0');
     if (zero == 0 || zero == 1 || content.startsWith("\xff\xfe") || content.startsWith("\xfe\xff"))

@@ -222,7 +222,8 @@ Position positionOf(const QByteArray &content, int offset)
 
 QString characterAt(const QByteArray &content, int offset)
 {
-    const QString text = textFrom(content.constData() + offset, qMin(4, content.size() - offset));
+    const QString text =
+        textFrom(content.constData() + offset, std::min(4, content.size() - offset));
     return text.left(text.front().isHighSurrogate() ? 2 : 1);
 }
 

@@ -1,6 +1,6 @@
 #include "Report.h"
 
-#include "Entries.h"
+#include "Products.h"
 
 #include <Help/AbstractDataSafe.h>
 #include <Help/EntryNames.h>

@@ -1,7 +1,7 @@
 #include "check/Rules.h"
 #include "document/ToolDocument.h"
 
-#include "Entries.h"
+#include "Products.h"
 
 #include <Help/EntryNames.h>
 

@@ -5,9 +5,6 @@
 #include <QDir>
 #include <QFile>
 
-// Of the library, in which the documents are and of which a linker would see no other use.
-int qInitResources_quendahelp();
-
 namespace Quenda::Workbench {
 
 namespace {
@@ -22,7 +19,6 @@ QStringList fileNames()
 
 QStringList Place::builtInProducts()
 {
-    qInitResources_quendahelp();
     return QDir(QStringLiteral(":/widgets")).entryList(QDir::Dirs);
 }
 

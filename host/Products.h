@@ -3,6 +3,19 @@
 #include <QStringList>
 #include <QVector>
 
+/** A state that the host of a product can be in. */
+struct HostState
+{
+    quint32 code; ///< The availability code, with which the masks of a tool document are compared.
+    QString name; ///< As the comments of the product's tool document call it.
+};
+
+struct Product
+{
+    QString id; ///< In lower case.
+    QVector<HostState> states; ///< All that its host can be in.
+};
+
 /** How a host reads an entry. */
 enum class EntryType {
     Text, ///< getString()
@@ -18,6 +31,9 @@ struct KnownEntry
     EntryType type;
     QStringList products; ///< Whose hosts read it from the product's entry document.
 };
+
+/** All products. */
+const QVector<Product> &knownProducts();
 
 /** All entries that the hosts read, in the order in which they are reported. */
 const QVector<KnownEntry> &knownEntries();

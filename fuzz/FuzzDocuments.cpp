@@ -101,7 +101,7 @@ void checkSchema(const Document &document)
             return finding.text.contains(QLatin1String("xmlns"));
         });
     const bool isRight = shape.list.isEmpty();
-    require(isNamespace || validator.accepts(document.kind, document.xml.content) == isRight,
+    require(isNamespace || validator.accepts(*document.format, document.xml.content) == isRight,
             "the schema of one mind with the checker, which says:",
             isRight ? QStringLiteral("right") : shape.list.constFirst().text);
 }
@@ -217,7 +217,7 @@ QStringList toolsOf(const QToolBar &bar)
 void checkTools(Document document, const HostState &state)
 {
     static const Document noMenus {
-        DocumentKind::Menus,
+        &menuFormat(),
         {},
         XmlDocument::fromBytes("<ui version=\"4.0\"><class>menubar</class>"
                                "<widget class=\"QMenuBar\" name=\"menubar\"/></ui>")};
@@ -249,7 +249,7 @@ void checkTools(Document document, const HostState &state)
 void checkCorrect(const Documents &documents, const HostState &state)
 {
     outlineOf(documents);
-    switch (documents.front().kind) {
+    switch (documents.front().format->kind) {
     case DocumentKind::Entries:
         return checkEntries(documents.front().xml);
     case DocumentKind::Tools:
@@ -286,10 +286,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const HostState &state = states.at(static_cast<int>(size / 3) % states.size());
 
     const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<int>(size));
-    const DocumentKind kind = bytes.contains("<ui")      ? DocumentKind::Menus
-                              : bytes.contains("<entry") ? DocumentKind::Entries
-                                                         : DocumentKind::Tools;
-    const Documents documents {{kind, {}, XmlDocument::fromBytes(bytes)}};
+    const Format &format = bytes.contains("<ui")      ? menuFormat()
+                           : bytes.contains("<entry") ? entryFormat()
+                                                      : toolFormat();
+    const Documents documents {{&format, {}, XmlDocument::fromBytes(bytes)}};
     const Document &document = documents.front();
     if (document.xml.error.text.isEmpty()) {
         checkPlaces(document.xml.content, document.xml.root);

@@ -2,6 +2,8 @@
 
 #include <Help/EntryNames.h>
 
+#include <algorithm>
+
 const QVector<Product> &knownProducts()
 {
     static const QVector<Product> products {
@@ -27,6 +29,14 @@ const QVector<Product> &knownProducts()
          }},
     };
     return products;
+}
+
+const Product *findProduct(const QString &id)
+{
+    const QVector<Product> &products = knownProducts();
+    const auto found = std::find_if(products.begin(), products.end(),
+                                    [&id](const Product &one) { return one.id == id; });
+    return found == products.end() ? nullptr : &*found;
 }
 
 const QVector<KnownEntry> &knownEntries()

@@ -8,6 +8,8 @@ struct HostState
 {
     quint32 code; ///< The availability code, with which the masks of a tool document are compared.
     QString name; ///< As the comments of the product's tool document call it.
+
+    QString label() const { return QStringLiteral("%1 (0x%2)").arg(name).arg(code, 0, 16); }
 };
 
 struct Product
@@ -34,6 +36,9 @@ struct KnownEntry
 
 /** All products. */
 const QVector<Product> &knownProducts();
+
+/** The product with this id; null when it is unknown. */
+const Product *findProduct(const QString &id);
 
 /** All entries that the hosts read, in the order in which they are reported. */
 const QVector<KnownEntry> &knownEntries();

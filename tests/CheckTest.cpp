@@ -40,7 +40,7 @@ Document documentOf(const QString &path, const QByteArray &content)
     const auto place = Place::find(path, &error);
     if (!place)
         qFatal("%s", qPrintable(error));
-    return {place->kinds.constFirst(), path, XmlDocument::fromBytes(content)};
+    return {place->formats.constFirst(), path, XmlDocument::fromBytes(content)};
 }
 
 } // namespace
@@ -109,7 +109,7 @@ private Q_SLOTS:
         if (edited.xml.error.text.isEmpty()) {
             Findings shape(edited);
             checkShape(edited, shape);
-            QCOMPARE(validator.accepts(edited.kind, content), shape.list.isEmpty());
+            QCOMPARE(validator.accepts(*edited.format, content), shape.list.isEmpty());
         }
     }
 
@@ -122,7 +122,7 @@ private Q_SLOTS:
             const Document document = documentOf(path, contentOf(path));
             const QString product = QFileInfo(path).dir().dirName();
             QVERIFY2(checkDocument(document, product).isEmpty(), qPrintable(path));
-            QVERIFY2(validator.accepts(document.kind, document.xml.content), qPrintable(path));
+            QVERIFY2(validator.accepts(*document.format, document.xml.content), qPrintable(path));
             // What holds for the files holds for what is built in.
             QCOMPARE(contentOf(path),
                      contentOf(QString(path).replace(QStringLiteral(DOCUMENTS), u":/widgets"_s)));
@@ -140,7 +140,7 @@ private Q_SLOTS:
             const Document document =
                 documentOf(documentPath(u"lorvan/"_s + file), example.toUtf8());
             // Of a product's entries, all but those of the example would be missed.
-            const bool isWhole = document.kind != DocumentKind::Entries;
+            const bool isWhole = document.format->kind != DocumentKind::Entries;
             const auto found = checkDocument(document, isWhole ? u"lorvan"_s : QString());
             QVERIFY2(found.isEmpty(), qPrintable(found.value(0).line()));
         }

@@ -1,6 +1,7 @@
 // Prints what the preview's window shows after each step of a session with it.
 
 #include "PreviewWindow.h"
+#include "format/Format.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -28,9 +29,9 @@ Place copyInto(const QString &folder)
     const Place builtIn = Place::find(QStringLiteral("tesmar"), &error).value();
     Place copy = builtIn;
     copy.folder = folder;
-    for (const DocumentKind kind : builtIn.kinds) {
-        QFile::copy(builtIn.pathOf(kind), copy.pathOf(kind));
-        QFile::setPermissions(copy.pathOf(kind), QFile::ReadOwner | QFile::WriteOwner);
+    for (const Format *format : builtIn.formats) {
+        QFile::copy(builtIn.pathOf(*format), copy.pathOf(*format));
+        QFile::setPermissions(copy.pathOf(*format), QFile::ReadOwner | QFile::WriteOwner);
     }
     return copy;
 }
@@ -57,8 +58,8 @@ class Session : public QObject
 public:
     explicit Session(const Place &place)
         : window(place),
-          entries(place.pathOf(DocumentKind::Entries)),
-          tools(place.pathOf(DocumentKind::Tools)),
+          entries(place.pathOf(entryFormat())),
+          tools(place.pathOf(toolFormat())),
           goodEntries(contentOf(entries)),
           goodTools(contentOf(tools))
     {

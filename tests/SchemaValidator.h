@@ -14,17 +14,17 @@ public:
     SchemaValidator() { xmlSetGenericErrorFunc(nullptr, ignore); }
 
     /** Whether the schema of its format accepts a document, which is well-formed. */
-    bool accepts(Quenda::Workbench::DocumentKind kind, const QByteArray &content)
+    bool accepts(const Quenda::Workbench::Format &format, const QByteArray &content)
     {
-        if (schemas.find(kind) == schemas.end())
-            schemas.emplace(kind, Schema(parse(kind), xmlRelaxNGFree));
+        if (schemas.find(&format) == schemas.end())
+            schemas.emplace(&format, Schema(parse(format), xmlRelaxNGFree));
         const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> document(
             xmlReadMemory(content.constData(), content.size(), nullptr, "UTF-8",
                           XML_PARSE_NONET | XML_PARSE_IGNORE_ENC | XML_PARSE_NOERROR
                               | XML_PARSE_NOWARNING),
             xmlFreeDoc);
         const std::unique_ptr<xmlRelaxNGValidCtxt, decltype(&xmlRelaxNGFreeValidCtxt)> context(
-            xmlRelaxNGNewValidCtxt(schemas.at(kind).get()), xmlRelaxNGFreeValidCtxt);
+            xmlRelaxNGNewValidCtxt(schemas.at(&format).get()), xmlRelaxNGFreeValidCtxt);
         return document && xmlRelaxNGValidateDoc(context.get(), document.get()) == 0;
     }
 
@@ -33,9 +33,9 @@ private:
 
     using Schema = std::unique_ptr<xmlRelaxNG, decltype(&xmlRelaxNGFree)>;
 
-    static xmlRelaxNGPtr parse(Quenda::Workbench::DocumentKind kind)
+    static xmlRelaxNGPtr parse(const Quenda::Workbench::Format &format)
     {
-        const QByteArray text = schemaOf(formatOf(kind)).toUtf8();
+        const QByteArray text = schemaOf(format).toUtf8();
         const std::unique_ptr<xmlRelaxNGParserCtxt, decltype(&xmlRelaxNGFreeParserCtxt)> context(
             xmlRelaxNGNewMemParserCtxt(text.constData(), text.size()), xmlRelaxNGFreeParserCtxt);
         xmlRelaxNGPtr schema = xmlRelaxNGParse(context.get());
@@ -44,5 +44,5 @@ private:
         return schema;
     }
 
-    std::map<Quenda::Workbench::DocumentKind, Schema> schemas;
+    std::map<const Quenda::Workbench::Format *, Schema> schemas;
 };

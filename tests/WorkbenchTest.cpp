@@ -68,10 +68,11 @@ private Q_SLOTS:
         commandLineRow("check wrong/tesmar/tools.xml", 1, wrong, "");
         commandLineRow("check none wrong/tesmar/tools.xml", 2, wrong, "there is no \"none\"");
         commandLineRow("check wrong/tesmar/tools.xml none", 2, wrong, "there is no \"none\"");
-        commandLineRow("check none", 2, "", "or a product: " PRODUCTS);
+        commandLineRow("check none", 2, "", "or one of the products " PRODUCTS);
         commandLineRow("check empty", 2, "",
-                       "\"empty\" holds none of confs.xml, tools.xml, menus.xml");
-        commandLineRow("check odd/entries.xml", 2, "", "expected confs.xml, tools.xml, menus.xml");
+                       "\"empty\" contains none of the documents confs.xml, tools.xml, menus.xml");
+        commandLineRow("check odd/entries.xml", 2, "",
+                       "these are called confs.xml, tools.xml, menus.xml");
         commandLineRow("check partial", 1,
                        "partial/menus.xml:1:1: error: cannot be read: No such file or directory; a "
                        "product needs all three documents\nDocuments: 3, errors: 1, warnings: 0\n",
@@ -156,7 +157,7 @@ private Q_SLOTS:
 
         QString error;
         Surface surface(Place::find(u"tesmar"_s, &error).value().read());
-        surface.showState(hostStates(u"tesmar"_s).at(state), presentation);
+        surface.showState(statesToShow(u"tesmar"_s).at(state), presentation);
         QMenu *opened = menu.isEmpty() ? nullptr : surface.menuBar()->findChild<QMenu *>(menu);
         QCOMPARE(QImage(u"s.BMP"_s).convertToFormat(QImage::Format_RGB32),
                  pictureOf(surface, opened));
@@ -166,7 +167,7 @@ private Q_SLOTS:
     void pictures()
     {
         QString error;
-        const auto states = hostStates(u"lorvan"_s);
+        const auto states = statesToShow(u"lorvan"_s);
         Surface surface(Place::find(u"lorvan"_s, &error).value().read());
         surface.showState(states.at(0), Presentation::ToolBars);
         const QImage bars = pictureOf(surface);

@@ -99,9 +99,9 @@ QComboBox *PreviewWindow::addSelector(QHBoxLayout *controls, const QString &name
 void PreviewWindow::watch()
 {
     QStringList paths {place.folder};
-    for (const DocumentKind kind : place.kinds)
-        if (QFileInfo::exists(place.pathOf(kind)))
-            paths += place.pathOf(kind);
+    for (const Format *format : place.formats)
+        if (QFileInfo::exists(place.pathOf(*format)))
+            paths += place.pathOf(*format);
     watcher.addPaths(paths);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Products.h"
 #include "document/Place.h"
-#include "document/ToolDocument.h"
 
 #include <QFileSystemWatcher>
 #include <QTimer>

@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "document/ToolDocument.h"
+#include "Products.h"
 #include "format/Format.h"
 #include "outline/Outline.h"
 
@@ -17,7 +17,7 @@ Status checkCommand(const QStringList &places, const QCommandLineParser &)
         if (status == NotDone)
             continue;
         const QString product = loaded.place.product;
-        if (hostStates(product).isEmpty())
+        if (!findProduct(product))
             inform(compose("%1: the product \"%2\" is unknown, so its states and entries are not "
                            "checked; there are: %3",
                            name, product, listed(Place::builtInProducts())));
@@ -36,12 +36,11 @@ Status outlineCommand(const QStringList &places, const QCommandLineParser &)
 
 Status schemaCommand(const QStringList &names, const QCommandLineParser &)
 {
-    const Format *const formats[] {&entryFormat(), &toolFormat(), &menuFormat()};
     QStringList known;
-    for (const Format *format : formats)
+    for (const Format *format : allFormats())
         known += QLatin1String(format->schema);
     const int chosen = choose("schema", names.constFirst(), known);
-    return chosen < 0 ? NotDone : print(schemaOf(*formats[chosen]));
+    return chosen < 0 ? NotDone : print(schemaOf(*allFormats().at(chosen)));
 }
 
 } // namespace Quenda::Workbench

@@ -41,14 +41,14 @@ void checkAgreement(const XmlElement &element, const QDomElement &dom, Findings 
 
 void checkMeaning(const Document &document, const QString &product, Findings &findings)
 {
-    if (document.kind == DocumentKind::Menus)
+    if (document.format->kind == DocumentKind::Menus)
         return checkMenus(document, findings);
     QDomDocument dom;
     QString message;
     if (!dom.setContent(QString::fromUtf8(document.xml.content), &message))
         return findings.error(document.xml.root.offset, "applications cannot read it: %1", message);
     checkAgreement(document.xml.root, dom.documentElement(), findings);
-    if (document.kind == DocumentKind::Entries)
+    if (document.format->kind == DocumentKind::Entries)
         checkEntries(document, product, findings);
     else
         checkTools(document, product, findings);

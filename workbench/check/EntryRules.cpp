@@ -1,7 +1,5 @@
-#include "check/Rules.h"
-#include "document/ToolDocument.h"
-
 #include "Products.h"
+#include "check/Rules.h"
 
 #include <Help/EntryNames.h>
 
@@ -64,7 +62,7 @@ void checkEntry(const XmlElement &entry, const QString &product, Findings &findi
         findings.warning(place, "entry \"%1\" has no effect; the library sets it", name);
     else if (!known)
         findings.warning(place, "no host reads entry \"%1\"%2", name, suggestion(name, names));
-    else if (!known->products.contains(product) && !hostStates(product).isEmpty())
+    else if (!known->products.contains(product) && findProduct(product))
         findings.warning(place, "entry \"%1\" is read by the host of %2 only", name,
                          listed(known->products));
 

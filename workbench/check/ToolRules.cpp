@@ -1,3 +1,4 @@
+#include "Products.h"
 #include "check/Rules.h"
 #include "document/ToolDocument.h"
 
@@ -33,7 +34,7 @@ public:
     ToolChecker(const Document &checked, const QString &product, Findings &collected)
         : document(checked),
           root(checked.xml.root),
-          states(hostStates(product)),
+          states(findProduct(product) ? findProduct(product)->states : QVector<HostState>()),
           findings(collected)
     {
     }

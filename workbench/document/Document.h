@@ -4,12 +4,14 @@
 
 namespace Quenda::Workbench {
 
+struct Format;
+
 enum class DocumentKind { Entries, Tools, Menus };
 
 /** One of the three documents of a product, as it was read. */
 struct Document
 {
-    DocumentKind kind;
+    const Format *format; ///< Never null.
     QString path;
     XmlDocument xml;
 };
@@ -18,10 +20,6 @@ struct Document
 using Documents = std::vector<Document>;
 
 /** The one of this kind, which has to be there. */
-inline const Document &documentOf(const Documents &documents, DocumentKind kind)
-{
-    return *std::find_if(documents.begin(), documents.end(),
-                         [kind](const Document &one) { return one.kind == kind; });
-}
+const Document &documentOf(const Documents &documents, DocumentKind kind);
 
 } // namespace Quenda::Workbench

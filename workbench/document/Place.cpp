@@ -1,21 +1,12 @@
 #include "document/Place.h"
 
 #include "document/Text.h"
+#include "format/Format.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace Quenda::Workbench {
-
-namespace {
-
-// In the order of DocumentKind.
-QStringList fileNames()
-{
-    return {QStringLiteral("confs.xml"), QStringLiteral("tools.xml"), QStringLiteral("menus.xml")};
-}
-
-} // namespace
 
 QStringList Place::builtInProducts()
 {
@@ -28,40 +19,44 @@ std::optional<Place> Place::find(const QString &name, QString *error)
         *error = text;
         return std::nullopt;
     };
+    QStringList fileNames;
+    for (const Format *format : allFormats())
+        fileNames += QLatin1String(format->fileName);
     const QFileInfo info(name);
-    Place place {QDir(info.absoluteFilePath()).dirName().toLower(),
-                 name,
-                 {DocumentKind::Entries, DocumentKind::Tools, DocumentKind::Menus}};
+    Place place {QDir(info.absoluteFilePath()).dirName().toLower(), name, allFormats()};
     if (info.isFile()) {
-        const int kind = fileNames().indexOf(info.fileName());
-        if (kind < 0)
-            return refuse(compose("\"%1\" is no document; expected %2", name, listed(fileNames())));
-        return Place {info.absoluteDir().dirName().toLower(), info.path(), {place.kinds.at(kind)}};
+        const int index = fileNames.indexOf(info.fileName());
+        if (index < 0)
+            return refuse(compose("\"%1\" is not a document of a product; these are called %2",
+                                  name, listed(fileNames)));
+        return Place {
+            info.absoluteDir().dirName().toLower(), info.path(), {place.formats.at(index)}};
     }
     if (name.isEmpty() || !info.isDir()) {
         if (!builtInProducts().contains(name.toLower()))
-            return refuse(compose("there is no \"%1\"; expected a product's folder, a document in "
-                                  "one, or a product: %2",
+            return refuse(compose("there is no \"%1\"; name a product's folder, a document in one, "
+                                  "or one of the products %2",
                                   name, listed(builtInProducts())));
         place.product = name.toLower();
         place.folder = QStringLiteral(":/widgets/") + place.product;
     }
-    if (std::none_of(place.kinds.cbegin(), place.kinds.cend(),
-                     [&place](DocumentKind kind) { return QFile::exists(place.pathOf(kind)); }))
-        return refuse(compose("\"%1\" holds none of %2", name, listed(fileNames())));
+    if (std::none_of(place.formats.cbegin(), place.formats.cend(), [&place](const Format *format) {
+            return QFile::exists(place.pathOf(*format));
+        }))
+        return refuse(compose("\"%1\" contains none of the documents %2", name, listed(fileNames)));
     return place;
 }
 
-QString Place::pathOf(DocumentKind kind) const
+QString Place::pathOf(const Format &format) const
 {
-    return QDir::cleanPath(folder + QLatin1Char('/') + fileNames().at(static_cast<int>(kind)));
+    return QDir::cleanPath(folder + QLatin1Char('/') + QLatin1String(format.fileName));
 }
 
 Documents Place::read() const
 {
     Documents documents;
-    for (const DocumentKind kind : kinds) {
-        Document document {kind, pathOf(kind), {}};
+    for (const Format *format : formats) {
+        Document document {format, pathOf(*format), {}};
         QFile file(document.path);
         if (file.open(QIODevice::ReadOnly))
             document.xml = XmlDocument::fromBytes(file.readAll());
@@ -71,6 +66,12 @@ Documents Place::read() const
         documents.push_back(std::move(document));
     }
     return documents;
+}
+
+const Document &documentOf(const Documents &documents, DocumentKind kind)
+{
+    return *std::find_if(documents.begin(), documents.end(),
+                         [kind](const Document &one) { return one.format->kind == kind; });
 }
 
 } // namespace Quenda::Workbench

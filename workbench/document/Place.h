@@ -13,7 +13,7 @@ struct Place
 {
     QString product; ///< The folder's name or the product's id, in lower case.
     QString folder;
-    QVector<DocumentKind> kinds; ///< Of the documents that are meant: one of them, or all.
+    QVector<const Format *> formats; ///< Of the documents that are meant: one of them, or all.
 
     /**
      * What a user means by @p name: a folder, a document in one or, where there is neither, a
@@ -25,10 +25,10 @@ struct Place
     static QStringList builtInProducts();
 
     bool isBuiltIn() const { return folder.startsWith(QLatin1Char(':')); }
-    bool isProduct() const { return kinds.size() > 1; }
+    bool isProduct() const { return formats.size() > 1; }
 
-    /** The path of the folder's document of this kind, whether it exists or not. */
-    QString pathOf(DocumentKind kind) const;
+    /** The path of the folder's document in this format, whether it exists or not. */
+    QString pathOf(const Format &format) const;
 
     /** Reads the documents; one that cannot be read has this as its error. */
     Documents read() const;

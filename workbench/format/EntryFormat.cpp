@@ -24,7 +24,8 @@ struct EntryFormat
 const Format &entryFormat()
 {
     static const EntryFormat format;
-    static const Format whole {"entries", format.root, Format::Declaration | Format::DocumentType};
+    static const Format whole {
+        DocumentKind::Entries, "confs.xml", "entries", format.root, true, true, false};
     return whole;
 }
 

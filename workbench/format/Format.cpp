@@ -29,17 +29,10 @@ const Element *Element::child(const XmlElement &element) const
     return nullptr;
 }
 
-const Format &formatOf(DocumentKind kind)
+const QVector<const Format *> &allFormats()
 {
-    switch (kind) {
-    case DocumentKind::Entries:
-        return entryFormat();
-    case DocumentKind::Tools:
-        return toolFormat();
-    case DocumentKind::Menus:
-        return menuFormat();
-    }
-    Q_UNREACHABLE();
+    static const QVector<const Format *> formats {&entryFormat(), &toolFormat(), &menuFormat()};
+    return formats;
 }
 
 Value anyText()

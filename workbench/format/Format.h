@@ -57,20 +57,22 @@ struct Element
     const Element *child(const XmlElement &element) const;
 };
 
-/** What a document of one kind holds. */
+/** All that is particular to the documents of one kind. */
 struct Format
 {
-    enum Prolog { Declaration = 1, DocumentType = 2 };
-
+    DocumentKind kind;
+    const char *fileName;
     const char *schema; ///< The name of its schema.
     const Element &root;
-    int prolog; ///< What stands before the root. Without a declaration, all is ASCII.
+    bool hasDeclaration; ///< Whether an XML declaration comes first.
+    bool hasDocumentType; ///< Whether a document type comes before the root.
+    bool isAscii; ///< Whether all characters are ASCII; otherwise they are UTF-8.
 };
 
 const Format &entryFormat();
 const Format &toolFormat();
 const Format &menuFormat();
-const Format &formatOf(DocumentKind kind);
+const QVector<const Format *> &allFormats();
 
 /** Its RELAX NG schema, with the sentences, for editors. */
 QString schemaOf(const Format &format);

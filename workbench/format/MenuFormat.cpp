@@ -124,7 +124,8 @@ struct MenuFormat
 const Format &menuFormat()
 {
     static const MenuFormat format;
-    static const Format whole {"menus", format.root, Format::Declaration};
+    static const Format whole {
+        DocumentKind::Menus, "menus.xml", "menus", format.root, true, false, false};
     return whole;
 }
 

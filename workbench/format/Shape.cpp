@@ -113,7 +113,7 @@ private:
 
 void checkShape(const Document &document, Findings &findings)
 {
-    const Element &declared = formatOf(document.kind).root;
+    const Element &declared = document.format->root;
     const XmlElement &root = document.xml.root;
     if (root.is(declared.name))
         ShapeChecker(findings).check(root, declared);
@@ -123,17 +123,16 @@ void checkShape(const Document &document, Findings &findings)
 
 void checkProlog(const Document &document, Findings &findings)
 {
-    const Format &format = formatOf(document.kind);
+    const Format &format = *document.format;
     const XmlDocument &xml = document.xml;
     const bool isUtf8 = xml.encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
-    const bool isDeclared = (format.prolog & Format::Declaration) != 0;
+    const bool isDeclared = format.hasDeclaration;
     if (isDeclared && (xml.version != QLatin1String("1.0") || !isUtf8))
         findings.error(0, "no <?xml version=\"1.0\" encoding=\"UTF-8\"?>; expected this first");
     if (!isDeclared && !xml.version.isEmpty())
         findings.error(0, "an XML declaration; expected none");
 
-    const QString documentType =
-        QLatin1String((format.prolog & Format::DocumentType) != 0 ? format.root.name : "");
+    const QString documentType = QLatin1String(format.hasDocumentType ? format.root.name : "");
     if (xml.documentType != documentType)
         findings.error(xml.documentType.isEmpty() ? xml.root.offset : xml.documentTypeOffset,
                        "document type \"%1\"; expected %2", xml.documentType,
@@ -142,7 +141,7 @@ void checkProlog(const Document &document, Findings &findings)
 
     const auto other = std::find_if(xml.content.begin(), xml.content.end(),
                                     [](char c) { return (c & 0x80) != 0; });
-    if (!isDeclared && other != xml.content.end()) {
+    if (format.isAscii && other != xml.content.end()) {
         const auto offset = static_cast<int>(other - xml.content.begin());
         findings.error(offset, "\"%1\" is not ASCII; expected ASCII alone",
                        characterAt(xml.content, offset));

@@ -85,7 +85,8 @@ struct ToolFormat
 const Format &toolFormat()
 {
     static const ToolFormat format;
-    static const Format whole {"tools", format.root, 0};
+    static const Format whole {
+        DocumentKind::Tools, "tools.xml", "tools", format.root, false, false, true};
     return whole;
 }
 

@@ -56,7 +56,7 @@ class Outline
 public:
     explicit Outline(const Document &document)
         : root(document.xml.root),
-          declaredRoot(formatOf(document.kind).root),
+          declaredRoot(document.format->root),
           menuBar(root.child("widget"))
     {
         collectItems(root);

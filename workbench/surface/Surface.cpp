@@ -30,8 +30,8 @@ QMenuBar *loadMenuBar(const QByteArray &content)
 
 QVector<HostState> statesToShow(const QString &product)
 {
-    const QVector<HostState> states = hostStates(product);
-    return states.isEmpty() ? QVector<HostState> {{0, QStringLiteral("everything")}} : states;
+    const Product *known = findProduct(product);
+    return known ? known->states : QVector<HostState> {{0, QStringLiteral("everything")}};
 }
 
 Surface::Surface(const Documents &documents, const QSet<QString> &closedPanels)

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Products.h"
 #include "document/Document.h"
-#include "document/ToolDocument.h"
 
 #include <QMainWindow>
 #include <QSet>

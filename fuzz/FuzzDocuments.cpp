@@ -54,10 +54,10 @@ void failAtMessage(QtMsgType, const QMessageLogContext &, const QString &message
 }
 
 // Every place within the text, and at what it belongs to.
-void checkPlaces(const QByteArray &content, const XmlElement &element)
+void checkPlaces(const QString &content, const XmlElement &element)
 {
     const auto stands = [&content](const QString &text, int offset) {
-        return content.mid(offset).startsWith(text.toUtf8());
+        return content.midRef(offset).startsWith(text);
     };
     require(stands(QLatin1Char('<') + element.name, element.offset), "the place of the element",
             element.name);
@@ -73,7 +73,7 @@ void checkPlaces(const QByteArray &content, const XmlElement &element)
 
 void checkPlaces(const XmlDocument &xml, const QVector<Finding> &findings)
 {
-    const QStringList lines = QString::fromUtf8(xml.content).split(QLatin1Char('\n'));
+    const QStringList lines = xml.text.split(QLatin1Char('\n'));
     for (const Finding &finding : findings) {
         const auto &[line, column] = finding.position;
         require(line >= 1 && line <= lines.size() && column >= 1
@@ -101,7 +101,7 @@ void checkSchema(const Document &document)
             return finding.text.contains(QLatin1String("xmlns"));
         });
     const bool isRight = shape.list.isEmpty();
-    require(isNamespace || validator.accepts(*document.format, document.xml.content) == isRight,
+    require(isNamespace || validator.accepts(*document.format, document.xml.text.toUtf8()) == isRight,
             "the schema of one mind with the checker, which says:",
             isRight ? QStringLiteral("right") : shape.list.constFirst().text);
 }
@@ -109,7 +109,7 @@ void checkSchema(const Document &document)
 void checkEntries(const XmlDocument &xml)
 {
     Quenda::Kit::AppDataParser parser;
-    parser.visit(QString::fromUtf8(xml.content));
+    parser.visit(xml.text);
     require(parser.error().isEmpty(), "the application reads entries:", parser.error());
     QMap<QString, QString> entries;
     for (const XmlElement &entry : xml.root.children)
@@ -168,7 +168,7 @@ void checkMenu(const Widget &widget, const XmlElement &menu, const XmlElement &m
 void checkMenus(const Document &document)
 {
     const XmlElement &menuBar = *document.xml.root.child("widget");
-    const std::unique_ptr<QMenuBar> bar(loadMenuBar(document.xml.content));
+    const std::unique_ptr<QMenuBar> bar(loadMenuBar(document.xml.text));
     require(bar != nullptr, "a menu bar");
     checkMenu(*bar, menuBar, menuBar);
     for (const XmlElement &action : menuBar.children) {
@@ -292,7 +292,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const Documents documents {{&format, {}, XmlDocument::fromBytes(bytes)}};
     const Document &document = documents.front();
     if (document.xml.error.text.isEmpty()) {
-        checkPlaces(document.xml.content, document.xml.root);
+        checkPlaces(document.xml.text, document.xml.root);
         checkSchema(document);
     }
     const QVector<Finding> findings = checkDocument(document, product);

@@ -1,10 +1,8 @@
 #include "format/Format.h"
 #include "SchemaValidator.h"
 #include "StringLiterals.h"
-#include "check/Check.h"
 #include "document/Place.h"
 
-#include <QRegularExpression>
 #include <QTest>
 
 #include <set>
@@ -13,247 +11,169 @@ using namespace Quenda::Workbench;
 
 namespace {
 
-// The last right values of a kind and the first wrong ones; of choices, each is right.
-struct Limits
-{
-    QStringList right;
-    QStringList wrong;
-};
-
-Limits limitsOf(const Value &value)
-{
-    static const QMap<QString, Limits> limits {
-        {u"a name on one line, without blanks at its ends"_s,
-         {{u"a"_s, u"a b"_s, u"\u00e9"_s}, {u""_s, u" a"_s, u"a "_s, u"a&#10;b"_s}}},
-        {u"a number in 0 to 999"_s, {{u"0"_s, u"999"_s}, {u"-1"_s, u"1000"_s, u"1 "_s}}},
-        {u"a number in 1 to 99"_s, {{u"1"_s, u"99"_s}, {u"0"_s, u"100"_s}}},
-        {u"a number in 0 to 4"_s, {{u"0"_s, u"4"_s}, {u"-1"_s, u"5"_s}}},
-        {u"a number in 0 to 3"_s, {{u"0"_s, u"3"_s}, {u"-1"_s, u"4"_s}}},
-        {u"a number in 1 to 5"_s, {{u"1"_s, u"5"_s}, {u"0"_s, u"6"_s}}},
-        {u"a number in 1 to 4"_s, {{u"1"_s, u"4"_s}, {u"0"_s, u"5"_s}}},
-        {u"a number such as 17 or 0x11"_s,
-         {{u"0"_s, u"017"_s, u"999999999"_s, u"0xFFFFFFFF"_s, u"0x00000000f"_s},
-          {u""_s, u"0x"_s, u"+17"_s, u"0X11"_s, u"0x100000000"_s, u"9999999999"_s}}},
-        {u"\"#\" and a module's id"_s, {{u"#a"_s}, {u"a"_s, u"#"_s, u"# a"_s, u"#a "_s}}},
-        {u"\"%LIBRARY%/\" and a library's base name"_s,
-         {{u"%LIBRARY%/a"_s},
-          {u"%LIBRARY%/"_s, u"a"_s, u"%LIBRARY%/a.so"_s, u"%LIBRARY%/a/b"_s, u"%LIBRARY%/a "_s}}},
-        {u"a whole number"_s, {{u"-1"_s, u"999999999"_s}, {u""_s, u"left"_s, u"1.5"_s}}},
-        {u"a resource path such as :/images/actions/notch_v.png"_s,
-         {{u":/a"_s, u"."_s}, {u""_s, u":/"_s, u"/a"_s, u":/a "_s}}},
-    };
-    if (value.isAnyText())
-        return {{u""_s, u" a "_s}, {}};
-    if (value.choices.isEmpty())
-        return limits.value(value.expected);
-    Limits choices {value.choices, {u""_s}};
-    for (const QString &choice : value.choices)
-        choices.wrong += {choice + u"x"_s, u" "_s + choice};
-    return choices;
-}
+// Tried as every attribute and every text: around the limits of all kinds of values.
+const QStringList samples {u""_s,
+                           u"a"_s,
+                           u" a"_s,
+                           u"a "_s,
+                           u"a b"_s,
+                           u"a&#10;b"_s,
+                           u"\u00e9"_s,
+                           u"-1"_s,
+                           u"0"_s,
+                           u"1"_s,
+                           u"3"_s,
+                           u"4"_s,
+                           u"5"_s,
+                           u"6"_s,
+                           u"10"_s,
+                           u"99"_s,
+                           u"100"_s,
+                           u"999"_s,
+                           u"1000"_s,
+                           u"01"_s,
+                           u"+17"_s,
+                           u"1.5"_s,
+                           u"999999999"_s,
+                           u"9999999999"_s,
+                           u"0x"_s,
+                           u"0X11"_s,
+                           u"0x0000000ff"_s,
+                           u"0xFFFFFFFF"_s,
+                           u"0x100000000"_s,
+                           u"#a"_s,
+                           u"#"_s,
+                           u"# a"_s,
+                           u"#a "_s,
+                           u"%LIBRARY%/a"_s,
+                           u"%LIBRARY%/"_s,
+                           u"%LIBRARY%/a "_s,
+                           u"%LIBRARY%/a.so"_s,
+                           u"%LIBRARY%/a/b"_s,
+                           u":/a"_s,
+                           u":/"_s,
+                           u":/a "_s,
+                           u"/a"_s,
+                           u"."_s,
+                           u"True"_s};
 
 // An element with no more than it needs.
-QByteArray leastOf(const Element &declared)
+QString leastOf(const Element &declared)
 {
-    QByteArray attributes;
-    QByteArray inside;
-    for (const Attribute &one : declared.attributes)
-        if (one.occurrence == Occurrence::Once)
-            attributes += QByteArray(" ") + one.name + "=\""
-                          + limitsOf(one.value).right.constFirst().toUtf8() + '"';
+    const auto valueOf = [](const Value &value) {
+        QStringList values = value.choices + samples;
+        while (!value.allows(values.constFirst()))
+            values.removeFirst();
+        return values.constFirst();
+    };
+    const QString name = QLatin1String(declared.name);
+    QString attributes;
+    QString inside;
+    for (const Attribute &attribute : declared.attributes)
+        if (attribute.occurrence == Occurrence::Once)
+            attributes +=
+                u" %1=\"%2\""_s.arg(QLatin1String(attribute.name), valueOf(attribute.value));
     for (const Element::Part &part : declared.parts)
         if (part.occurrence == Occurrence::Once)
             inside += leastOf(*part.elements.front());
     if (declared.text)
-        inside += limitsOf(*declared.text).right.constFirst().toUtf8();
-    return QByteArray("<") + declared.name + attributes + '>' + inside + "</" + declared.name + '>';
+        inside += valueOf(*declared.text);
+    return u"<%1%2>%3</%1>"_s.arg(name, attributes, inside);
 }
 
-QString nameOf(const Element &declared)
-{
-    return (QStringList(QLatin1String(declared.name)) + declared.variants()).join(u' ');
-}
-
-// Edits a document in all ways that its declaration allows and forbids: of each kind of element and
-// attribute the first, unless another document had it.
+// Edits a document in all ways that its declaration allows and forbids, once for each kind of
+// element and attribute.
 class Editor
 {
 public:
     Editor(const Document &document, std::set<const void *> *seenKinds)
-        : format(document.format), content(document.xml.content), xml(document.xml), seen(seenKinds)
+        : format(document.format), xml(document.xml), text(xml.text), seen(seenKinds)
     {
-        edit({&xml.root, &format->root, nullptr, nullptr});
+        edit(xml.root, format->root);
     }
 
 private:
-    struct Place
+    void edit(const XmlElement &element, const Element &declared)
     {
-        const XmlElement *element;
-        const Element *declared;
-        const XmlElement *parent;
-        const Element *parentDeclared;
-    };
-
-    void edit(const Place &place)
-    {
-        if (seen->insert(place.declared).second) {
-            editElement(place);
-            editText(place);
-            addChildren(place);
+        const QString what = QLatin1String(declared.name) + u' ' + declared.variants().join(u' ');
+        if (seen->insert(&declared).second) {
+            editElement(element, declared, what);
+            for (const Attribute &attribute : declared.attributes)
+                editAttribute(element, attribute, what + u" @"_s + QLatin1String(attribute.name));
         }
-        for (const Attribute &attribute : place.declared->attributes)
-            if (seen->insert(place.element->has(attribute.name)
-                                 ? static_cast<const void *>(&attribute)
-                                 : attribute.name)
-                    .second)
-                editAttribute(place, attribute);
-        for (const XmlElement &child : place.element->children)
-            edit({&child, place.declared->child(child), place.element, place.declared});
+        for (const XmlElement &child : element.children)
+            edit(child, *declared.child(child));
     }
 
-    // With the offset of the one finding; -1 where the shape is right.
-    void add(const QString &what, int from, int to, const QByteArray &text, int offset)
+    void add(const QString &what, int from, int to, const QString &with)
     {
-        QTest::newRow(qPrintable(what))
-            << int(format->kind) << content.left(from) + text + content.mid(to) << offset;
+        QTest::newRow(qPrintable(what + u' ' + with.left(40)))
+            << format->kind << text.left(from) + with + text.mid(to);
     }
 
-    template <typename Write>
-    static void forEachValue(const Value &value, const Write &write)
-    {
-        const Limits limits = limitsOf(value);
-        if (limits.right.isEmpty())
-            qFatal("no limits of %s", qPrintable(value.expected));
-        for (const QString &right : limits.right)
-            write(right, true);
-        for (const QString &wrong : limits.wrong)
-            write(wrong, false);
-    }
-
-    int endOfTag(const XmlElement &element) const
-    {
-        return content.indexOf('>', element.offset) + 1;
-    }
+    int endOfTag(const XmlElement &element) const { return text.indexOf(u'>', element.offset) + 1; }
 
     int endOf(const XmlElement &element) const
     {
+        if (text.at(endOfTag(element) - 2) == u'/')
+            return endOfTag(element);
         const int inside =
             element.children.empty() ? endOfTag(element) : endOf(element.children.back());
-        return content.indexOf('>', content.indexOf("</", inside)) + 1;
+        return text.indexOf(u'>', text.indexOf(u"</"_s, inside)) + 1;
     }
 
-    void editElement(const Place &place)
+    // Left out, doubled, emptied, misspelt, with a text, and with one more of all that may be
+    // inside.
+    void editElement(const XmlElement &element, const Element &declared, const QString &what)
     {
-        const XmlElement *element = place.element;
-        const Element *declared = place.declared;
-        const auto isNeeded = [](const Element::Part &part) {
-            return part.occurrence == Occurrence::Once;
-        };
-        const QString what = nameOf(*declared) + u": "_s;
-        const QByteArray name = element->name.toUtf8();
-        const int start = element->offset;
-        const int end = endOf(*element);
-        const QByteArray source = content.mid(start, end - start);
-        const QByteArray misspelt =
-            QByteArray(source).insert(source.size() - 1, 'x').insert(1 + name.size(), 'x');
-        add(what + u"misspelt"_s, start, end, misspelt, start);
-        const bool isIncomplete =
-            (declared->text && !declared->text->allows(QString()))
-            || std::any_of(declared->parts.begin(), declared->parts.end(), isNeeded);
-        add(what + u"emptied"_s, endOfTag(*element), end, "</" + name + '>',
-            isIncomplete ? start : -1);
-        if (!place.parent)
-            return;
-        const auto &siblings = place.parentDeclared->parts;
-        const bool isMissed = std::any_of(siblings.begin(), siblings.end(), [&](const auto &part) {
-            return isNeeded(part) && part.elements.front() == declared;
-        });
-        add(what + u"left out"_s, start, end, "", isMissed ? place.parent->offset : -1);
-        const XmlElement *leaf = &xml.root; // which holds no elements
-        while (!leaf->children.empty())
-            leaf = &leaf->children.front();
-        add(what + u"in another element"_s, endOfTag(*leaf), endOfTag(*leaf), source,
-            endOfTag(*leaf));
-    }
-
-    void editText(const Place &place)
-    {
-        const XmlElement *element = place.element;
-        const Element *declared = place.declared;
-        const QString what = nameOf(*declared) + u": "_s;
-        const int start = endOfTag(*element);
-        if (!declared->text)
-            add(what + u"text"_s, start, start, "stray", start);
-        else if (element->children.empty())
-            forEachValue(*declared->text, [&](const QString &value, bool isRight) {
-                const int blanks = value.indexOf(QRegularExpression(u"\\S"_s));
-                add(what + value, start, content.indexOf("</", start), value.toUtf8(),
-                    isRight      ? -1
-                    : blanks < 0 ? element->offset
-                                 : start + blanks);
-            });
-    }
-
-    void editAttribute(const Place &place, const Attribute &attribute)
-    {
-        const auto &[element, declared, parent, _] = place;
-        const QByteArray name = attribute.name;
-        const QString what = nameOf(*declared) + u" @"_s + QLatin1String(name) + u": "_s;
-        // One that is not there is put behind the name.
-        const bool isThere = element->has(attribute.name);
-        const int start = isThere ? element->offsetOf(attribute.name)
-                                  : element->offset + 1 + element->name.size();
-        const int end = isThere ? content.indexOf('"', content.indexOf('"', start) + 1) + 1 : start;
-        const QByteArray blank = isThere ? "" : " ";
-        forEachValue(attribute.value, [&](const QString &value, bool isRight) {
-            add(what + value, start, end, blank + name + "=\"" + value.toUtf8() + '"',
-                isRight ? -1 : start + blank.size());
-        });
-        if (!isThere)
-            return;
-        const QByteArray source = content.mid(start, end - start);
-        // Without the one that tells it from others, the element is unknown.
-        const bool isVariant = parent && !declared->variants().isEmpty()
-                               && &attribute == &declared->attributes.front();
-        add(what + u"misspelt"_s, start, end, QByteArray(source).insert(name.size(), 'x'),
-            isVariant ? element->offset : start);
-        const bool isMissed = attribute.occurrence == Occurrence::Once;
-        add(what + u"left out"_s, start, end, "", isMissed ? element->offset : -1);
-        add(what + u"doubled"_s, end, end, ' ' + source, end + 1);
-        if (parent && !parent->has(attribute.name)) {
-            const int behind = parent->offset + 1 + parent->name.size();
-            add(what + u"in the parent"_s, behind, behind, ' ' + source, behind + 1);
+        const int start = element.offset;
+        const int end = endOf(element);
+        const int inside = endOfTag(element);
+        const QString open = text.mid(start, inside - start).replace(u"/>"_s, u">"_s);
+        const QString close = u"</%1>"_s.arg(element.name);
+        if (&element != &xml.root) {
+            add(what + u" left out"_s, start, end, {});
+            add(what + u" doubled"_s, end, end, text.mid(start, end - start));
         }
+        add(what + u" emptied"_s, start, end, open + close);
+        add(what + u" misspelt"_s, start, end, u"<x%1</x%2"_s.arg(open.mid(1), close.mid(2)));
+        if (end == inside) // an empty tag
+            return;
+        if (!declared.text)
+            add(what + u" with a text"_s, inside, inside, u"stray"_s);
+        else if (element.children.empty())
+            for (const QString &value : declared.text->choices + samples)
+                add(what, inside, end - close.size(), value);
+        for (const Element::Part &part : declared.parts)
+            for (const Element *child : part.elements)
+                for (const int offset : {inside, end - close.size()})
+                    add(what + u" with"_s, offset, offset, leastOf(*child));
     }
 
-    // Of each kind one more, where its part ends.
-    void addChildren(const Place &place)
+    void editAttribute(const XmlElement &element, const Attribute &attribute, const QString &what)
     {
-        int end = endOfTag(*place.element);
-        auto child = place.element->children.begin();
-        for (const Element::Part &part : place.declared->parts) {
-            const auto start = child;
-            while (child != place.element->children.end()
-                   && std::count(part.elements.begin(), part.elements.end(),
-                                 place.declared->child(*child)))
-                end = endOf(*child++);
-            const bool isRight = child == start || part.occurrence == Occurrence::AnyNumber;
-            for (const Element *one : part.elements)
-                add(nameOf(*place.declared) + u": one more "_s + nameOf(*one), end, end,
-                    leastOf(*one), isRight ? -1 : end);
-        }
+        const QString name = QLatin1String(attribute.name);
+        const bool isThere = element.has(attribute.name);
+        const int start =
+            isThere ? element.offsetOf(attribute.name) : element.offset + 1 + element.name.size();
+        const int end = isThere ? text.indexOf(u'"', text.indexOf(u'"', start) + 1) + 1 : start;
+        add(what + u" left out"_s, start, end, {});
+        add(what + u" misspelt"_s, start, end, u" x%1=\"\""_s.arg(name));
+        for (const QString &value : attribute.value.choices + samples)
+            add(what, start, end, u" %1=\"%2\""_s.arg(name, value));
     }
 
     const Format *format;
-    const QByteArray content;
     const XmlDocument xml;
+    const QString text;
     std::set<const void *> *seen;
 };
 
 } // namespace
 
-// What the declaration of a format allows and forbids is what the checker and the schema let pass
-// and report.
+Q_DECLARE_METATYPE(DocumentKind)
+
+// The checker lets pass exactly what the printed schema accepts, as libxml2 understands it.
 class FormatTest : public QObject
 {
     Q_OBJECT
@@ -261,44 +181,32 @@ class FormatTest : public QObject
 private Q_SLOTS:
     void edits_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<int>("offset");
+        QTest::addColumn<DocumentKind>("kind");
+        QTest::addColumn<QString>("content");
         std::set<const void *> seen;
-        for (const QString &product : {u"lorvan"_s, u"tesmar"_s}) {
-            QString error;
-            for (const Document &document : Place::find(product, &error).value().read()) {
-                // Without empty tags, which would be a case of their own.
-                const QString content =
-                    QString::fromUtf8(document.xml.content)
-                        .replace(QRegularExpression(u"<([a-z]+)([^<>]*)/>"_s), u"<\\1\\2></\\1>"_s);
-                Editor({document.format, {}, XmlDocument::fromBytes(content.toUtf8())}, &seen);
-            }
-        }
+        QString error;
+        for (const Document &document : Place::find(QStringLiteral(ODD), &error).value().read())
+            Editor(document, &seen);
     }
 
     void edits()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(int, offset);
-        QFETCH(int, kind);
-        const Document edited {allFormats().at(kind), {}, XmlDocument::fromBytes(content)};
-        Findings shape(edited);
-        if (edited.xml.error.text.isEmpty())
+        QFETCH(QString, content);
+        QFETCH(DocumentKind, kind);
+        for (const Format *format : allFormats()) {
+            if (format->kind != kind)
+                continue;
+            const Document edited {format, {}, XmlDocument::fromBytes(content.toUtf8())};
+            QCOMPARE(edited.xml.error.text, QString());
+            Findings shape(edited);
             checkShape(edited, shape);
-        if (offset >= 0) {
-            const QVector<Finding> findings = checkDocument(edited, QString());
-            QCOMPARE(findings.size(), 1);
-            const Position expected = positionOf(content, offset);
-            QCOMPARE(findings.constFirst().position.line, expected.line);
-            QCOMPARE(findings.constFirst().position.column, expected.column);
-        } else {
-            QVERIFY2(shape.list.isEmpty(), qPrintable(shape.list.value(0).line()));
+            // Declarations of namespaces are no attributes to a schema.
+            if (!shape.list.isEmpty() && shape.list.constFirst().text.contains(u"xmlns"_s))
+                continue;
+            const QString first = shape.list.isEmpty() ? u"accepted"_s : shape.list.at(0).text;
+            QVERIFY2(validator.accepts(*format, content.toUtf8()) == shape.list.isEmpty(),
+                     qPrintable(u"checker: "_s + first));
         }
-        const bool isNamespace =
-            !shape.list.isEmpty() && shape.list.constFirst().text.contains(u"xmlns"_s);
-        if (edited.xml.error.text.isEmpty() && !isNamespace)
-            QCOMPARE(validator.accepts(*edited.format, content), shape.list.isEmpty());
     }
 
 private:

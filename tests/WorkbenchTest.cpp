@@ -59,12 +59,11 @@ private Q_SLOTS:
         commandLineRow("Check LORVAN wrong/tesmar/menus.xml", 0,
                        "Documents: 4, errors: 0, warnings: 0\n", "");
         commandLineRow("check odd/tesmar/", 0,
-                       "odd/tesmar/confs.xml:9:32: warning: white space around \" entp\"; expected "
-                       "none\nDocuments: 3, errors: 0, warnings: 1\n",
+                       "odd/tesmar/confs.xml:9:32: warning: white space around \" entp\"; remove "
+                       "it\nDocuments: 3, errors: 0, warnings: 1\n",
                        "");
-        const char *wrong =
-            "wrong/tesmar/tools.xml:5:14: error: \"\xc3\xae\" is not ASCII; expected "
-            "ASCII alone\nDocuments: 1, errors: 1, warnings: 0\n";
+        const char *wrong = "wrong/tesmar/tools.xml:5:14: error: \"\xc3\xae\" is not ASCII; write "
+                            "\"&#238;\"\nDocuments: 1, errors: 1, warnings: 0\n";
         commandLineRow("check wrong/tesmar/tools.xml", 1, wrong, "");
         commandLineRow("check none wrong/tesmar/tools.xml", 2, wrong, "there is no \"none\"");
         commandLineRow("check wrong/tesmar/tools.xml none", 2, wrong, "there is no \"none\"");
@@ -197,7 +196,7 @@ private Q_SLOTS:
 
     void menuDocumentOfAnotherWidget()
     {
-        QVERIFY(!loadMenuBar("<ui version='4.0'><widget class='QWidget' name='w'/></ui>"));
+        QVERIFY(!loadMenuBar(u"<ui version='4.0'><widget class='QWidget' name='w'/></ui>"_s));
     }
 
 private:

@@ -40,7 +40,7 @@ QString reportOf(const QVector<Finding> &findings, std::size_t documents)
 {
     QString text;
     for (const Finding &finding : findings)
-        text += finding.line() + QLatin1Char('\n');
+        text += finding.toString() + QLatin1Char('\n');
     const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding &one) {
         return one.severity == Finding::Error;
     });

@@ -4,7 +4,6 @@
 #include "format/Format.h"
 
 #include <QDomDocument>
-#include <QRegularExpression>
 
 #include <tuple>
 
@@ -12,46 +11,42 @@ namespace Quenda::Workbench {
 
 namespace {
 
-// Applications read entry and tool documents with QDomDocument, which sees some constructs
-// otherwise than an XML parser has to.
-void checkAgreement(const XmlElement &element, const QDomElement &dom, Findings &findings)
+// The library reads entries with QDomDocument, which takes some texts for others. The other
+// documents are read by hosts, with readers of their own.
+void checkAgreement(const XmlElement &root, const QDomElement &dom, Findings &findings)
 {
-    const auto compare = [&findings](int offset, const QString &own, const QString &other) {
-        if (own != other)
-            findings.error(offset,
-                           "\"%1\" is read differently by applications, as \"%2\"; expected plain "
-                           "text without line breaks",
-                           own, other);
-    };
-    for (const XmlAttribute &attribute : element.attributes) {
-        QString other = dom.attribute(attribute.name);
-        if (attribute.name == QLatin1String("button-style")) // where white space is of no account
-            other.replace(QRegularExpression(QStringLiteral("\\r\\n|[\\t\\n\\r]")),
-                          QStringLiteral(" "));
-        compare(attribute.offset, attribute.value, other);
-    }
-    if (element.children.empty())
-        compare(element.offsetOfText(), element.text, dom.text());
-    QDomElement child = dom.firstChildElement();
-    for (const XmlElement &own : element.children) {
-        checkAgreement(own, child, findings);
-        child = child.nextSiblingElement();
+    QDomElement domEntry = dom.firstChildElement();
+    for (const XmlElement &entry : root.children) {
+        for (const auto &[offset, own, other] :
+             {std::tuple(entry.offsetOf("name"), entry.value("name"),
+                         domEntry.attribute(QStringLiteral("name"))),
+              std::tuple(entry.offsetOfText(), entry.text, domEntry.text())})
+            if (own != other)
+                findings.error(offset,
+                               "the library reads \"%1\" as \"%2\"; write plain text on one "
+                               "line",
+                               own, other);
+        domEntry = domEntry.nextSiblingElement();
     }
 }
 
 void checkMeaning(const Document &document, const QString &product, Findings &findings)
 {
-    if (document.format->kind == DocumentKind::Menus)
+    switch (document.format->kind) {
+    case DocumentKind::Entries: {
+        QDomDocument dom;
+        QString message;
+        if (!dom.setContent(document.xml.text, &message))
+            return findings.error(document.xml.root.offset, "the library cannot read this: %1",
+                                  message);
+        checkAgreement(document.xml.root, dom.documentElement(), findings);
+        return checkEntries(document, product, findings);
+    }
+    case DocumentKind::Tools:
+        return checkTools(document, product, findings);
+    case DocumentKind::Menus:
         return checkMenus(document, findings);
-    QDomDocument dom;
-    QString message;
-    if (!dom.setContent(QString::fromUtf8(document.xml.content), &message))
-        return findings.error(document.xml.root.offset, "applications cannot read it: %1", message);
-    checkAgreement(document.xml.root, dom.documentElement(), findings);
-    if (document.format->kind == DocumentKind::Entries)
-        checkEntries(document, product, findings);
-    else
-        checkTools(document, product, findings);
+    }
 }
 
 } // namespace

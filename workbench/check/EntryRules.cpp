@@ -29,69 +29,78 @@ bool isList(const QString &value)
     });
 }
 
-// What the host expects in the place of the value; null when it can read it.
-const char *expectedValue(EntryType type, const QString &value)
+// What to write in the place of a value that the host cannot read; null when it can.
+const char *adviceOn(EntryType type, const QString &value)
 {
     switch (type) {
     case EntryType::Text:
         return nullptr;
     case EntryType::List:
-        return isList(value) ? nullptr : "a list whose items are separated by blanks alone";
+        return isList(value) ? nullptr : "items separated by blanks alone";
     case EntryType::Flag:
-        return value == QLatin1String("true") || value == QLatin1String("false")
-                   ? nullptr
-                   : "a flag, true or false";
+        return value == QLatin1String("true") || value == QLatin1String("false") ? nullptr
+                                                                                 : "true or false";
     case EntryType::Number:
-        return isWholeNumber(value) ? nullptr : "a whole number of 32 bits";
+        return isWholeNumber(value) ? nullptr : "a whole number of 32 bits, such as -1";
     }
     Q_UNREACHABLE();
 }
 
-void checkEntry(const XmlElement &entry, const QString &product, Findings &findings)
+void checkName(const XmlElement &entry, const QString &product, Findings &findings)
 {
     const QString name = entry.value("name");
-    const int place = entry.offsetOf("name");
+    const int offset = entry.offsetOf("name");
     const KnownEntry *known = findNamed(knownEntries(), name);
-    QStringList names;
-    for (const KnownEntry &one : knownEntries())
-        names += one.name;
-
-    if (name == EntryNames::menuDocument() || name == EntryNames::toolDocument())
-        findings.warning(place, "entry \"%1\" takes the place of a document", name);
-    else if (name == EntryNames::fileKey())
-        findings.warning(place, "entry \"%1\" has no effect; the library sets it", name);
-    else if (!known)
-        findings.warning(place, "no host reads entry \"%1\"%2", name, suggestion(name, names));
-    else if (!known->products.contains(product) && findProduct(product))
-        findings.warning(place, "entry \"%1\" is read by the host of %2 only", name,
+    if (name == EntryNames::menuDocument() || name == EntryNames::toolDocument()) {
+        findings.warning(offset, "entry \"%1\" replaces a whole document; rename or remove it",
+                         name);
+    } else if (name == EntryNames::fileKey()) {
+        findings.warning(offset, "entry \"%1\" has no effect, as the library sets it; remove it",
+                         name);
+    } else if (!findProduct(product)) {
+        return; // nobody knows what its host reads
+    } else if (!known) {
+        QStringList names;
+        for (const KnownEntry &other : knownEntries())
+            names += other.name;
+        findings.warning(
+            offset, "no host reads entry \"%1\"; %2", name,
+            didYouMean(nearest(name, names), compose("remove it, or add it to host/Products.cpp")));
+    } else if (!known->products.contains(product)) {
+        findings.warning(offset, "only the host of %2 reads entry \"%1\"; remove it", name,
                          listed(known->products));
+    }
+}
 
-    const char *expected = known ? expectedValue(known->type, entry.text) : nullptr;
-    if (expected)
-        findings.error(entry.offsetOfText(), "entry \"%1\" is \"%2\"; expected %3", name,
-                       entry.text, expected);
+void checkValue(const XmlElement &entry, Findings &findings)
+{
+    const KnownEntry *known = findNamed(knownEntries(), entry.value("name"));
+    const char *advice = known ? adviceOn(known->type, entry.text) : nullptr;
+    if (advice)
+        findings.error(entry.offsetOfText(), "entry \"%1\" is \"%2\"; write %3",
+                       entry.value("name"), entry.text, advice);
     else if (entry.text != entry.text.trimmed())
-        findings.warning(entry.offsetOfText(), "white space around \"%1\"; expected none",
-                         entry.text);
+        findings.warning(entry.offsetOfText(), "white space around \"%1\"; remove it", entry.text);
 }
 
 } // namespace
 
 void checkEntries(const Document &document, const QString &product, Findings &findings)
 {
-    QSet<QString> seen;
+    Definitions entries(findings);
+    QSet<QString> names;
     for (const XmlElement &entry : document.xml.root.children) {
         const QString name = entry.value("name");
-        if (seen.contains(name))
-            findings.error(entry.offsetOf("name"), "entry \"%1\" stands twice; expected once",
-                           name);
-        seen.insert(name);
-        checkEntry(entry, product, findings);
+        entries.add(entry.offsetOf("name"), compose("entry \"%1\"", name));
+        names.insert(name);
+        checkName(entry, product, findings);
+        checkValue(entry, findings);
     }
     for (const KnownEntry &known : knownEntries())
-        if (known.products.contains(product) && !seen.contains(known.name))
-            findings.error(document.xml.root.offset, "no entry \"%1\"; the host of %2 reads it",
-                           known.name, product);
+        if (known.products.contains(product) && !names.contains(known.name))
+            findings.error(document.xml.root.offset,
+                           "missing entry \"%1\", which the host of %2 reads as a %3; add it",
+                           known.name, product, entryTypeName(known.type));
 }
 
 } // namespace Quenda::Workbench

@@ -26,7 +26,7 @@ bool isReadable(const QKeySequence &keys, const QString &text)
 // The shortcuts of the actions and, before them, the mnemonics of the menu bar.
 void checkShortcuts(const XmlElement &menuBar, Findings &findings)
 {
-    QVector<QPair<QKeySequence, QString>> taken; // by whom
+    QVector<QPair<QKeySequence, const XmlElement *>> taken; // by which menu or action
     for (const XmlElement &object : menuBar.children) {
         const bool isMenu = object.is("widget");
         const XmlElement *value = propertyOf(object, QLatin1String(isMenu ? "title" : "shortcut"));
@@ -38,12 +38,15 @@ void checkShortcuts(const XmlElement &menuBar, Findings &findings)
         const int place = value->offsetOfText();
         const bool isWrong = !isMenu && !isReadable(keys, value->text);
         if (isWrong)
-            findings.error(place, "\"%1\" is no shortcut; expected one to four keys such as Ctrl+S",
+            findings.error(place,
+                           "\"%1\" is not a valid shortcut; use up to four keys, such as "
+                           "\"Ctrl+S\"",
                            value->text);
         if (isWrong || keys.isEmpty())
             continue;
-        if (keys.count() == 1 && (keys[0] & ~int(Qt::ShiftModifier)) < Qt::Key_Escape)
-            findings.warning(place, "\"%1\" takes a character from typing; expected Ctrl or Alt",
+        if ((keys[0] & ~int(Qt::ShiftModifier)) < Qt::Key_Escape)
+            findings.warning(place,
+                             "\"%1\" takes a character from typing; begin it with Ctrl or Alt",
                              value->text);
         // One that begins another takes all its keys.
         const auto conflict = std::find_if(taken.begin(), taken.end(), [&keys](const auto &other) {
@@ -52,21 +55,26 @@ void checkShortcuts(const XmlElement &menuBar, Findings &findings)
         });
         if (conflict != taken.end())
             findings.add(isMenu ? Finding::Warning : Finding::Error, place,
-                         compose("\"%1\" of \"%2\" is taken by \"%3\" of \"%4\"; expected another",
+                         compose("\"%1\" of \"%2\" conflicts with \"%3\" of \"%4\" in line %5; "
+                                 "use another",
                                  portable(keys), object.value("name"), portable(conflict->first),
-                                 conflict->second));
-        taken.append({keys, object.value("name")});
+                                 conflict->second->value("name"),
+                                 findings.lineOf(*conflict->second)));
+        taken.append({keys, &object});
     }
 }
 
 class MenuChecker
 {
 public:
-    MenuChecker(const XmlElement &bar, Findings &collected) : menuBar(bar), findings(collected) { }
+    MenuChecker(const XmlElement &bar, Findings &collected)
+        : menuBar(bar), findings(collected), objects(collected)
+    {
+    }
 
     void check()
     {
-        objectNames.insert(menuBar.value("name"));
+        checkName(menuBar);
         checkObjects(menuBar);
         checkItems(menuBar);
         checkShortcuts(menuBar, findings);
@@ -80,6 +88,8 @@ private:
             if (!child.is("widget") && !child.is("action"))
                 continue;
             checkName(child);
+            if (child.is("widget"))
+                menus.insert(child.value("name"), &child);
             checkProperties(child);
             checkLabel(child, QLatin1String(child.is("widget") ? "title" : "text"));
             checkObjects(child);
@@ -91,33 +101,28 @@ private:
         const QString name = object.value("name");
         if (name == QLatin1String("separator"))
             findings.error(object.offsetOf("name"),
-                           "\"separator\" is the name of separators; expected another");
-        else if (objectNames.contains(name))
-            findings.error(object.offsetOf("name"),
-                           "object name \"%1\" stands twice; expected once", name);
-        objectNames.insert(name);
+                           "\"separator\" is reserved for separators; use another name");
+        else
+            objects.add(object.offsetOf("name"), compose("object name \"%1\"", name));
     }
 
     void checkProperties(const XmlElement &object)
     {
-        QStringList seen;
+        Definitions properties(findings);
         bool isCheckable = false;
         for (const XmlElement &property : object.children) {
             if (!property.is("property"))
                 continue;
             const QString name = property.value("name");
             const XmlElement &value = property.children.front();
-            if (seen.contains(name))
-                findings.error(property.offset, "property \"%1\" stands twice; expected once",
-                               name);
+            properties.add(property.offset, compose("property \"%1\"", name));
             if (name == QLatin1String("checkable"))
                 isCheckable = value.text == QLatin1String("true");
             if (name == QLatin1String("checked") && !isCheckable)
-                findings.error(property.offset, "\"checked\" of what is not checkable so far; "
-                                                "expected \"checkable\" in front");
+                findings.error(property.offset, "\"checked\" has no effect unless \"checkable\" "
+                                                "is true before it; add or move that");
             if (name == QLatin1String("icon"))
                 checkIcon(value);
-            seen += name;
         }
     }
 
@@ -126,10 +131,10 @@ private:
         const XmlElement *file = icon.child("normaloff");
         const QString path = icon.text.trimmed(); // behind that element
         if (!icon.has("theme") && (!file || file->text == QLatin1String(".")))
-            findings.error(icon.offset, "an icon without <normaloff>; expected one");
+            findings.error(icon.offset, "the icon has no image; add <normaloff> with its path");
         else if (file && path != file->text)
             findings.error(icon.offsetOfText(),
-                           "\"%1\" behind <normaloff> of \"%2\"; expected the same path twice",
+                           "\"%1\" differs from \"%2\" in <normaloff>; write the same path twice",
                            path, file->text);
     }
 
@@ -140,23 +145,23 @@ private:
         const QString text = value ? value->text : QString();
         const int place = value ? value->offsetOfText() : object.offset;
         if (text.isEmpty())
-            return findings.error(place, "\"%1\" has no %2; expected one", object.value("name"),
+            return findings.error(place, "\"%1\" has no %2; add it", object.value("name"),
                                   property);
         if (text != text.trimmed())
-            findings.warning(place, "white space around \"%1\"; expected none", text);
+            findings.warning(place, "white space around \"%1\"; remove it", text);
         QString marks = text;
         marks.remove(QLatin1String("&&"));
         if (marks.count(QLatin1Char('&')) > 1)
-            findings.error(place, "several mnemonics in \"%1\"; expected one \"&\" at the most",
-                           text);
+            findings.error(place, "several mnemonics in \"%1\"; keep one \"&\"", text);
         const int mark = marks.indexOf(QLatin1Char('&'));
         if (mark >= 0 && marks.mid(mark + 1, 1).trimmed().isEmpty())
-            findings.error(place, "a lone \"&\" in \"%1\"; expected \"&&\", written \"&amp;&amp;\"",
+            findings.error(place, "a lone \"&\" in \"%1\"; write \"&amp;&amp;\" for the character",
                            text);
     }
 
     void checkItems(const XmlElement &menu)
     {
+        Definitions items(findings);
         QSet<QString> placed;
         for (const XmlElement &item : menu.children) {
             const QString name = item.value("name");
@@ -164,10 +169,7 @@ private:
                 continue;
             if (!shownBy(item, menu, menuBar))
                 reportUnknown(item, menu);
-            if (placed.contains(name))
-                findings.error(item.offsetOf("name"),
-                               "\"%1\" stands twice in \"%2\"; expected once, as the last is shown",
-                               name, menu.value("name"));
+            items.add(item.offsetOf("name"), compose("item \"%1\"", name));
             placed.insert(name);
         }
         for (const XmlElement &subMenu : menu.children) {
@@ -176,7 +178,7 @@ private:
             checkItems(subMenu);
             if (!placed.contains(subMenu.value("name")))
                 findings.error(subMenu.offset,
-                               "menu \"%1\" is placed nowhere; expected an <addaction> in \"%2\"",
+                               "menu \"%1\" is never shown; add <addaction name=\"%1\"/> to \"%2\"",
                                subMenu.value("name"), menu.value("name"));
         }
     }
@@ -184,20 +186,27 @@ private:
     void reportUnknown(const XmlElement &item, const XmlElement &menu)
     {
         const QString name = item.value("name");
+        if (const XmlElement *elsewhere = menus.value(name))
+            return findings.error(item.offsetOf("name"),
+                                  "\"%1\" is a menu within another one in line %2; move that to "
+                                  "\"%3\", or remove this",
+                                  name, findings.lineOf(*elsewhere), menu.value("name"));
         QStringList names {QStringLiteral("separator")};
         for (const XmlElement &object : menu.children)
             names += object.is("widget") ? object.value("name") : QString();
         for (const XmlElement &object : menuBar.children)
             names += object.is("action") ? object.value("name") : QString();
         findings.error(
-            item.offsetOf("name"),
-            "\"%1\" names nothing; expected an action, a sub-menu of \"%2\" or separator%3", name,
-            menu.value("name"), suggestion(name, names));
+            item.offsetOf("name"), "\"%1\" is neither an action nor a sub-menu of \"%2\"; %3", name,
+            menu.value("name"),
+            didYouMean(nearest(name, names),
+                       compose("define it with <action name=\"%1\">, or remove this", name)));
     }
 
     const XmlElement &menuBar;
     Findings &findings;
-    QSet<QString> objectNames;
+    Definitions objects;
+    QMap<QString, const XmlElement *> menus; // of all levels
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Products.h"
 #include "check/Rules.h"
 #include "document/ToolDocument.h"
+#include "format/Format.h"
 
 #include <QSet>
 #include <QToolButton>
@@ -25,15 +26,24 @@ bool isStyleSheet(const QString &text)
     return isReadable;
 }
 
-// The cells of a keypad.
-constexpr QRect keypadGrid(0, 0, 4, 5);
+// The mask of an element as written and, where that differs, in hexadecimal.
+QString modeText(const XmlElement &element)
+{
+    if (!element.has("mode"))
+        return compose("no mode");
+    const QString written = element.value("mode");
+    const QString hexadecimal = compose("0x%1", QString::number(modeOf(element), 16));
+    return written.startsWith(QLatin1String("0x"))
+               ? compose("mode \"%1\"", written)
+               : compose("mode \"%1\" (%2)", written, hexadecimal);
+}
 
 class ToolChecker
 {
 public:
     ToolChecker(const Document &checked, const QString &product, Findings &collected)
-        : document(checked),
-          root(checked.xml.root),
+        : root(checked.xml.root),
+          declaredRoot(checked.format->root),
           states(findProduct(product) ? findProduct(product)->states : QVector<HostState>()),
           findings(collected)
     {
@@ -41,40 +51,38 @@ public:
 
     void check()
     {
-        checkUnique(root, "module");
-        checkUnique(root, "toolbar");
+        checkUnique(root, {"module", "toolbar"});
         checkReferences();
         for (const XmlElement &part : root.children) {
             if (part.is("module"))
                 continue;
-            checkItems(part);
+            if (part.children.empty())
+                findings.warning(part.offset, "<%1> is empty; add tools, or remove it", part.name);
+            checkUnique(part, {"tool", "key"});
+            checkGroups(part);
+            checkCells(part);
             checkModes(part);
             checkOverlap(part);
-            if (!isStyleSheet(part.value("button-style")))
-                findings.error(part.offsetOf("button-style"),
-                               "a style sheet that Qt cannot read; expected Qt's syntax for one");
+            for (const Attribute &attribute : declaredRoot.child(part)->attributes)
+                if (attribute.value.isStyleSheet && !isStyleSheet(part.value(attribute.name)))
+                    findings.error(
+                        part.offsetOf(attribute.name),
+                        "Qt cannot read this style sheet; look for a missing \";\", \"{\" "
+                        "or \"}\"");
         }
     }
 
 private:
-    int lineOf(const XmlElement &element) const
+    // Children of one name and one module differ in their ids.
+    void checkUnique(const XmlElement &parent, const std::vector<const char *> &names)
     {
-        return positionOf(document.xml.content, element.offset).line;
-    }
-
-    // Children of one name and one module are told apart by their ids.
-    void checkUnique(const XmlElement &parent, const char *name)
-    {
-        QSet<QString> seen;
-        for (const XmlElement &child : parent.children) {
-            if (!child.is(name))
-                continue;
-            const QString key = child.value("xlink:href") + QLatin1Char('\n') + child.value("id");
-            if (seen.contains(key))
-                findings.error(child.offsetOf("id"), "<%1> \"%2\" stands twice; expected once",
-                               name, child.value("id"));
-            seen.insert(key);
-        }
+        Definitions definitions(findings);
+        for (const XmlElement &child : parent.children)
+            for (const char *name : names)
+                if (child.is(name))
+                    definitions.add(child.offsetOf("id"),
+                                    compose("%1 \"%2\"", name, child.value("id")),
+                                    child.value("xlink:href"));
     }
 
     // A module that several miss is reported once.
@@ -84,85 +92,122 @@ private:
         QSet<QString> missed;
         for (const XmlElement &part : root.children) {
             if (part.is("module"))
-                modules += QLatin1Char('#') + part.value("id");
+                modules += referenceTo(part);
             for (const XmlElement &item : part.children) {
                 const QString reference = item.value("xlink:href");
                 if (item.is("separator") || modules.contains(reference)
                     || missed.contains(reference))
                     continue;
                 missed.insert(reference);
-                const XmlElement *later = moduleOf(item, root);
-                const QString expected =
-                    later ? compose("it in front of this, not in line %1", lineOf(*later))
-                    : modules.isEmpty() ? compose("a <module>")
-                                        : listed(modules);
-                findings.error(item.offsetOf("xlink:href"),
-                               "\"xlink:href\" is \"%1\", which is no module so far; expected %2%3",
-                               reference, expected, suggestion(reference, modules));
+                const int offset = item.offsetOf("xlink:href");
+                if (const XmlElement *later = moduleOf(item, root))
+                    findings.error(
+                        offset,
+                        "module \"%1\" is declared only in line %2; move that before line %3",
+                        later->value("id"), findings.lineOf(*later), findings.lineOf(part));
+                else
+                    findings.error(offset, "there is no module for \"%1\"; %2", reference,
+                                   didYouMean(nearest(reference, modules),
+                                              compose("add <module id=\"%1\"> before line %2",
+                                                      reference.mid(1), findings.lineOf(part))));
             }
         }
     }
 
-    void checkItems(const XmlElement &box)
+    // Of a group that is torn apart, the largest piece is the group.
+    void checkGroups(const XmlElement &box)
     {
-        if (box.children.empty())
-            findings.warning(box.offset, "<%1> holds nothing; expected tools", box.name);
-        checkUnique(box, "tool");
-        checkUnique(box, "key");
-        QSet<QString> groups;
+        using Run = std::vector<const XmlElement *>;
+        QMap<QString, std::vector<Run>> groups;
         QString previous;
         for (const XmlElement &item : box.children) {
-            const QString group = item.value("group");
-            if (!group.isEmpty() && group != previous && groups.contains(group))
-                findings.error(item.offsetOf("group"),
-                               "tool \"%1\" stands apart from its group \"%2\"; expected beside it",
-                               item.value("id"), group);
-            groups.insert(group);
-            previous = group;
-            if (item.is("key"))
-                checkCells(item, box);
+            std::vector<Run> &runs = groups[item.value("group")];
+            if (runs.empty() || item.value("group") != previous)
+                runs.emplace_back();
+            runs.back().push_back(&item);
+            previous = item.value("group");
+        }
+        groups.remove(QString());
+        for (const std::vector<Run> &runs : qAsConst(groups)) {
+            const auto group =
+                std::max_element(runs.begin(), runs.end(),
+                                 [](const Run &a, const Run &b) { return a.size() < b.size(); });
+            for (auto run = runs.begin(); run != runs.end(); ++run)
+                for (const XmlElement *tool : *run)
+                    if (run != group)
+                        findings.error(
+                            tool->offsetOf("group"),
+                            "tool \"%1\" is apart from its group \"%2\", from line %3 to line %4; "
+                            "move it there",
+                            tool->value("id"), tool->value("group"),
+                            findings.lineOf(*group->front()), findings.lineOf(*group->back()));
         }
     }
 
-    void checkCells(const XmlElement &key, const XmlElement &keypad)
+    void checkCells(const XmlElement &box)
     {
-        if (!keypadGrid.contains(cellsOf(key)))
-            findings.error(key.offset,
-                           "key \"%1\" leaves the grid; expected within %2 rows and %3 columns",
-                           key.value("id"), keypadGrid.height(), keypadGrid.width());
-        for (const XmlElement &other : keypad.children)
-            if (other.offset < key.offset && cellsOf(key).intersects(cellsOf(other)))
+        std::vector<const XmlElement *> keys;
+        for (const XmlElement &key : box.children) {
+            if (!key.is("key"))
+                continue;
+            if (!keypadGrid.contains(cellsOf(key)))
                 findings.error(key.offset,
-                               "key \"%1\" lies on top of key \"%2\"; expected free cells",
-                               key.value("id"), other.value("id"));
+                               "key \"%1\" leaves the grid of %2 rows and %3 columns; move it, or "
+                               "make it smaller",
+                               key.value("id"), keypadGrid.height(), keypadGrid.width());
+            for (const XmlElement *other : keys)
+                if (cellsOf(key).intersects(cellsOf(*other)))
+                    findings.error(
+                        key.offset,
+                        "key \"%1\" covers a cell of key \"%2\" in line %3; move one of them",
+                        key.value("id"), other->value("id"), findings.lineOf(*other));
+            keys.push_back(&key);
+        }
     }
 
-    // Null when no state meets the mask, or none is known.
-    const HostState *firstState(quint32 mode) const
+    // The names of the states in which a mask is available.
+    QStringList statesIn(quint32 mode) const
     {
-        const auto found = std::find_if(states.begin(), states.end(), [mode](const HostState &s) {
-            return isAvailable(mode, s.code);
-        });
-        return found == states.end() ? nullptr : &*found;
+        QStringList names;
+        for (const HostState &state : states)
+            if (isAvailable(mode, state.code))
+                names += quoted(state.name);
+        return names;
     }
 
     void checkModes(const XmlElement &box)
     {
-        if (states.isEmpty() || !checkMode(box, ~quint32(0), ""))
+        if (states.isEmpty() || !checkMode(box))
             return;
         QSet<quint32> wrong; // for all that have one mask, as the cause may be the box's own
-        for (const XmlElement &item : box.children)
-            if (!wrong.contains(modeOf(item)) && !checkMode(item, modeOf(box), " in this box"))
-                wrong.insert(modeOf(item));
+        for (const XmlElement &item : box.children) {
+            if (wrong.contains(modeOf(item)) || !checkMode(item)
+                || !statesIn(modeOf(box) & modeOf(item)).isEmpty())
+                continue;
+            wrong.insert(modeOf(item));
+            findings.error(
+                item.offsetOf("mode"),
+                "%1 and the box's %2 in line %3 have no state in common: this is for %4, the "
+                "box for %5; change one of them",
+                modeText(item), modeText(box), findings.lineOf(box), listed(statesIn(modeOf(item))),
+                listed(statesIn(modeOf(box))));
+        }
     }
 
-    // Whether a state meets the element's mask in its box.
-    bool checkMode(const XmlElement &element, quint32 boxMode, const char *where)
+    // Whether there is a state in which the element's own mask is available.
+    bool checkMode(const XmlElement &element)
     {
-        if (!firstState(modeOf(element) & boxMode)) {
-            findings.error(element.offsetOf("mode"),
-                           "no state meets \"mode\" \"%1\"%2; expected all bits of one at least",
-                           element.value("mode"), where);
+        if (statesIn(modeOf(element)).isEmpty()) {
+            const auto near = std::find_if(states.begin(), states.end(),
+                                           [mode = modeOf(element)](const HostState &state) {
+                                               return (mode & state.code) != 0;
+                                           });
+            const HostState &example = near == states.end() ? states.constFirst() : *near;
+            findings.error(
+                element.offsetOf("mode"),
+                "%1 is for no state of the host; include all bits of one, such as 0x%2 for "
+                "\"%3\"",
+                modeText(element), QString::number(example.code, 16), example.name);
             return false;
         }
         quint32 unknown = element.has("mode") ? modeOf(element) : 0;
@@ -170,8 +215,8 @@ private:
             unknown &= ~state.code;
         if (unknown)
             findings.warning(element.offsetOf("mode"),
-                             "\"mode\" \"%1\" has bits of no state, 0x%2; expected bits of states",
-                             element.value("mode"), QString::number(unknown, 16));
+                             "%1 has bits that no state of the host has, 0x%2; remove them",
+                             modeText(element), QString::number(unknown, 16));
         return true;
     }
 
@@ -179,19 +224,20 @@ private:
     void checkOverlap(const XmlElement &box)
     {
         for (const XmlElement &other : root.children) {
-            const HostState *state = firstState(modeOf(box) & modeOf(other));
-            if (other.offset >= box.offset || other.name != box.name || !state
+            const QStringList both = statesIn(modeOf(box) & modeOf(other));
+            if (other.offset >= box.offset || other.name != box.name || both.isEmpty()
                 || other.value("title") != box.value("title"))
                 continue;
-            const QString title = compose(" titled \"%1\"", box.value("title"));
-            return findings.warning(
-                box.offset, "a second <%1>%2 in the state \"%3\"; expected one, as in line %4",
-                box.name, box.has("title") ? title : QString(), state->name, lineOf(other));
+            return findings.warning(box.offset,
+                                    "this <%1> has %2, the one in line %3 has %4: both are shown "
+                                    "for %5; change one of them",
+                                    box.name, modeText(box), findings.lineOf(other),
+                                    modeText(other), listed(both));
         }
     }
 
-    const Document &document;
     const XmlElement &root;
+    const Element &declaredRoot;
     const QVector<HostState> states;
     Findings &findings;
 };

@@ -29,17 +29,17 @@ QString Finding::message() const
     return (severity == Error ? QLatin1String("error: ") : QLatin1String("warning: ")) + text;
 }
 
-QString Finding::line() const
+QString Finding::toString() const
 {
     return compose("%1:%2:%3: %4", path, position.line, position.column, message());
 }
 
 void Findings::add(Finding::Severity severity, int offset, const QString &text)
 {
-    list.append({severity, document.path, positionOf(document.xml.content, offset), text});
+    list.append({severity, document.path, positionOf(document.xml.text, offset), text});
 }
 
-QString suggestion(const QString &name, const QStringList &names)
+QString nearest(const QString &name, const QStringList &names)
 {
     QString best;
     int least = std::min(2, name.size() / 3) + 1;
@@ -52,7 +52,12 @@ QString suggestion(const QString &name, const QStringList &names)
             least = changes;
         }
     }
-    return best.isEmpty() ? QString() : compose("; did you mean \"%1\"?", best);
+    return best;
+}
+
+QString didYouMean(const QString &meant, const QString &otherwise)
+{
+    return meant.isEmpty() ? otherwise : compose("did you mean \"%1\"?", meant);
 }
 
 } // namespace Quenda::Workbench

@@ -6,15 +6,15 @@
 namespace Quenda::Workbench {
 
 /**
- * Something that is wrong, or odd, in a document. Its text says what is there; behind a semicolon,
- * what is expected; behind another, what may be meant:
- * "href" is "#Tol", which is no module; expected #Tool; did you mean "#Tool"?
+ * Something that is wrong, or odd, in a document. Its text says what is wrong and, after a
+ * semicolon, what to do; it names the line of the other place when there is one:
+ * unknown attribute "href" in <tool>; did you mean "xlink:href"?
  */
 struct Finding
 {
     enum Severity {
-        Error, ///< Would surface in a running application.
-        Warning, ///< Works, but may not be meant.
+        Error, ///< An application would fail, or show something else.
+        Warning, ///< It works, but may not be meant.
     };
 
     Severity severity;
@@ -25,7 +25,7 @@ struct Finding
     /** "error: TEXT". */
     QString message() const;
     /** "FILE:LINE:COLUMN: error: TEXT", which editors jump to. */
-    QString line() const;
+    QString toString() const;
 };
 
 /** Collects what is wrong with one document. */
@@ -34,7 +34,7 @@ class Findings
 public:
     explicit Findings(const Document &checked) : document(checked) { }
 
-    /** Something wrong at @p offset, said as by compose(). */
+    /** Adds what is wrong at @p offset, with a text as by compose(). */
     template <typename... Values>
     void error(int offset, const char *pattern, const Values &...values)
     {
@@ -49,14 +49,20 @@ public:
 
     void add(Finding::Severity severity, int offset, const QString &text);
 
+    /** The line, from 1, of another place in the document. */
+    int lineOf(int offset) const { return positionOf(document.xml.text, offset).line; }
+    int lineOf(const XmlElement &element) const { return lineOf(element.offset); }
+
     QVector<Finding> list;
 
 private:
     const Document &document;
 };
 
-/** "; did you mean ...?" with the one of @p names that @p name is a slip of; nothing without one.
- */
-QString suggestion(const QString &name, const QStringList &names);
+/** The one of @p names that @p name is a slip of; empty when there is none. */
+QString nearest(const QString &name, const QStringList &names);
+
+/** "did you mean ...?" when there is something that may be meant; otherwise another advice. */
+QString didYouMean(const QString &meant, const QString &otherwise);
 
 } // namespace Quenda::Workbench

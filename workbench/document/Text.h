@@ -23,7 +23,7 @@ struct TextValue
     QString text;
 };
 
-/** A text for people: @p pattern, with the values where %1 and so on stand. */
+/** A text for people: @p pattern, with the values in the places of %1 and so on. */
 template <typename... Values>
 QString compose(const char *pattern, const Values &...values)
 {

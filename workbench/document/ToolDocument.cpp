@@ -20,12 +20,17 @@ QRect cellsOf(const XmlElement &key)
             key.value("rowSpan").toInt()};
 }
 
+QString referenceTo(const XmlElement &module)
+{
+    return QLatin1Char('#') + module.value("id");
+}
+
 const XmlElement *moduleOf(const XmlElement &item, const XmlElement &root)
 {
-    const QString id = item.value("xlink:href").mid(1);
-    const auto found =
-        std::find_if(root.children.begin(), root.children.end(), [&id](const XmlElement &one) {
-            return one.is("module") && one.value("id") == id;
+    const QString reference = item.value("xlink:href");
+    const auto found = std::find_if(
+        root.children.begin(), root.children.end(), [&reference](const XmlElement &child) {
+            return child.is("module") && referenceTo(child) == reference;
         });
     return found == root.children.end() ? nullptr : &*found;
 }

@@ -2,12 +2,8 @@
 
 #include "document/Text.h"
 
-#include <QTextCodec>
-
-#include <expat.h>
-
-#include <cstring>
-#include <memory>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
 
 namespace Quenda::Workbench {
 
@@ -16,116 +12,114 @@ namespace {
 // Deeper than any real document; QDomDocument recurses and would overflow the stack.
 constexpr int maximumDepth = 100;
 
-constexpr char byteOrderMark[] = "\xef\xbb\xbf";
-constexpr int byteOrderMarkSize = sizeof byteOrderMark - 1;
-
 // White space as XML has it; Qt knows more.
-constexpr bool isBlank(ushort character)
+bool isBlank(QChar c)
 {
-    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+    return QStringLiteral(" \t\r\n").contains(c);
 }
 
-int skipBlanks(const QByteArray &content, int offset)
+int skipBlanks(const QString &text, int offset)
 {
-    while (isBlank(static_cast<uchar>(content.at(offset))))
+    while (offset < text.size() && isBlank(text.at(offset)))
         ++offset;
     return offset;
 }
 
-// QString::fromUtf8() drops a byte order mark, which inside a document is a character.
-QString textFrom(const char *utf8, int size = -1)
+// What is before an offset in its line.
+QStringRef indentationOf(const QString &text, int offset)
 {
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    return QTextCodec::codecForName("UTF-8")->toUnicode(
-        utf8, size < 0 ? static_cast<int>(qstrlen(utf8)) : size, &state);
+    return text.leftRef(offset).mid(text.leftRef(offset).lastIndexOf(QLatin1Char('\n')) + 1);
+}
+
+// The attributes of a tag as written, with their values in quotation marks.
+QRegularExpressionMatchIterator attributesIn(const QString &tag)
+{
+    static const QRegularExpression attribute(
+        QStringLiteral("\\s([^\\s=]+)\\s*=\\s*(?:\"[^\"]*\"|'[^']*')"));
+    return attribute.globalMatch(tag);
 }
 
 class Reader
 {
 public:
-    explicit Reader(XmlDocument &filled)
-        : document(filled),
-          content(filled.content),
-          parser(XML_ParserCreate("UTF-8"), XML_ParserFree)
+    explicit Reader(XmlDocument &filled) : document(filled), text(filled.text), xml(filled.text)
     {
-        XML_SetUserData(parser.get(), this);
-        XML_SetXmlDeclHandler(parser.get(), [](void *self, auto *version, auto *encoding, int) {
-            reader(self).document.version = textFrom(version);
-            reader(self).document.encoding = textFrom(encoding);
-        });
-        XML_SetStartDoctypeDeclHandler(
-            parser.get(), [](void *self, auto *name, auto *system, auto *publicId, int hasSubset) {
-                reader(self).documentType(name, system || publicId || hasSubset);
-            });
-        XML_SetElementHandler(
-            parser.get(),
-            [](void *self, auto *name, auto **list) { reader(self).startElement(name, list); },
-            [](void *self, auto *) { reader(self).endElement(); });
-        XML_SetCharacterDataHandler(parser.get(), [](void *self, auto *text, int size) {
-            reader(self).addText(textFrom(text, size));
-        });
+        xml.setNamespaceProcessing(false);
     }
 
     void read()
     {
-        // It passes over one mark, and a second one is no part of a document.
-        XML_Parse(parser.get(), byteOrderMark, byteOrderMarkSize, XML_FALSE);
-        if (XML_Parse(parser.get(), content.constData(), content.size(), XML_TRUE) != XML_STATUS_OK
-            && document.error.text.isEmpty())
-            document.error = errorAt(here());
+        while (!xml.atEnd() && document.error.text.isEmpty()) {
+            xml.readNext();
+            if (xml.hasError())
+                document.error = diagnose();
+            else
+                readToken(static_cast<int>(xml.characterOffset()));
+        }
     }
 
 private:
-    static Reader &reader(void *self) { return *static_cast<Reader *>(self); }
-
-    int here() const
+    // The reader is behind the token, and behind the "<" that ends a text.
+    void readToken(int behind)
     {
-#if XML_MAJOR_VERSION > 2 || XML_MINOR_VERSION >= 9 // which deprecates the other
-        const auto index = XML_GetCurrentByteIndex64(parser.get());
-#else
-        const auto index = XML_GetCurrentByteIndex(parser.get());
-#endif
-        return static_cast<int>(index) - byteOrderMarkSize;
+        if (xml.isStartDocument()) {
+            document.version = xml.documentVersion().toString();
+            document.encoding = xml.documentEncoding().toString();
+            behind = document.version.isEmpty() ? 0 : behind;
+        } else if (xml.isDTD()) {
+            readDocumentType(behind);
+        } else if (xml.isStartElement()) {
+            startElement(text.lastIndexOf(QLatin1Char('<'), behind - 1), behind);
+        } else if (xml.isEndElement()) {
+            endElement(behind);
+        } else if (xml.isCharacters() && !open.empty()) {
+            addText();
+            if (!xml.isCDATA() && text.at(behind - 1) == QLatin1Char('<'))
+                --behind;
+        }
+        end = behind;
     }
 
-    void stop(int offset, const QString &why)
+    void readDocumentType(int behind)
     {
-        document.error = {offset, why};
-        XML_StopParser(parser.get(), XML_FALSE);
+        static const QRegularExpression nameOnly(
+            QRegularExpression::anchoredPattern(QStringLiteral("<!DOCTYPE\\s+[^\\s\\[>]+\\s*>")));
+        document.documentType = xml.dtdName().toString();
+        document.documentTypeOffset = skipBlanks(text, end);
+        const int size = behind - document.documentTypeOffset;
+        if (!nameOnly.match(text.mid(document.documentTypeOffset, size)).hasMatch())
+            document.error = documentTypeError(document.documentTypeOffset);
     }
 
-    void documentType(const char *name, bool hasMore)
+    static XmlError documentTypeError(int offset)
     {
-        document.documentType = textFrom(name);
-        document.documentTypeOffset = content.lastIndexOf("<!", here());
-        if (hasMore)
-            stop(document.documentTypeOffset,
-                 compose("a document type with an identifier or a subset; expected its name only"));
+        return {offset, compose("the document type has more than a name; write only that, such as "
+                                "<!DOCTYPE quendaconfig>")};
     }
 
-    void startElement(const char *name, const char **list)
+    void startElement(int offset, int behind)
     {
         if (open.size() == maximumDepth)
-            return stop(here(),
-                        compose("nested deeper than %1 elements; expected less", maximumDepth));
+            document.error = {offset, compose("nested more than %1 elements deep", maximumDepth)};
+        if (!open.empty())
+            compareIndentation(open.back(), offset, false);
         XmlElement element;
-        element.name = textFrom(name);
-        element.offset = here();
-        // The tag is well-formed, so its attributes are easily found.
-        int offset = here() + 1 + static_cast<int>(std::strlen(name));
-        for (; *list; list += 2) {
-            offset = skipBlanks(content, offset);
-            element.attributes.append({textFrom(list[0]), textFrom(list[1]), offset});
-            const int quote = skipBlanks(content, content.indexOf('=', offset) + 1);
-            offset = content.indexOf(content.at(quote), quote + 1) + 1;
-        }
+        element.name = xml.qualifiedName().toString();
+        element.offset = offset;
+        auto written = attributesIn(text.mid(offset, behind - offset));
+        for (const QXmlStreamAttribute &attribute : xml.attributes())
+            element.attributes.append({attribute.qualifiedName().toString(),
+                                       attribute.value().toString(),
+                                       offset + written.next().capturedStart(1)});
         open.push_back(std::move(element));
     }
 
-    void endElement()
+    void endElement(int behind)
     {
         XmlElement done = std::move(open.back());
         open.pop_back();
+        if (behind != end) // it has a tag of its own
+            compareIndentation(done, text.lastIndexOf(QLatin1String("</"), behind), true);
         if (done.textOffset < 0)
             done.text.clear();
         if (open.empty())
@@ -134,97 +128,166 @@ private:
             open.back().children.push_back(std::move(done));
     }
 
-    void addText(const QString &text)
+    // Where tags do not match, the mistake is most often where they first differ from the layout.
+    void compareIndentation(const XmlElement &element, int tag, bool isEndTag)
+    {
+        const QStringRef outer = indentationOf(text, element.offset);
+        const QStringRef inner = indentationOf(text, tag);
+        const bool differs =
+            isEndTag ? inner != outer : !outer.isEmpty() && inner.size() <= outer.size();
+        if (!differs || !suspect.text.isEmpty() || !outer.trimmed().isEmpty()
+            || !inner.trimmed().isEmpty())
+            return;
+        suspect = {tag,
+                   compose(isEndTag ? "</%1> in line %2 closes <%1> of line %3, which is indented "
+                                      "differently; add the end tag that is missing before it, or "
+                                      "remove this one"
+                                    : "<%1> of line %3 is not closed before line %2, which is not "
+                                      "indented further; add </%1>",
+                           element.name, positionOf(text, tag).line,
+                           positionOf(text, element.offset).line)};
+    }
+
+    void addText()
     {
         XmlElement &element = open.back();
-        if (element.textOffset < 0
-            && !std::all_of(text.begin(), text.end(), [](QChar c) { return isBlank(c.unicode()); }))
-            element.textOffset = skipBlanks(content, here());
-        element.text += text;
+        const int start = end + (xml.isCDATA() ? static_cast<int>(qstrlen("<![CDATA[")) : 0);
+        const QStringRef added = xml.text();
+        if (element.textOffset < 0 && !std::all_of(added.begin(), added.end(), isBlank))
+            element.textOffset = skipBlanks(text, start);
+        element.text += added;
     }
 
-    XmlError errorAt(int offset) const
+    // Qt's messages say what is wrong. What people meet most often also says what to do.
+    XmlError diagnose() const
     {
-        const XML_Error code = XML_GetErrorCode(parser.get());
-        XmlError error {offset, QString::fromUtf8(XML_ErrorString(code))};
-        if (code == XML_ERROR_INVALID_TOKEN)
-            error = invalidToken(offset);
-        else if (code == XML_ERROR_UNCLOSED_TOKEN)
-            error.text = compose("what begins here is not closed");
-        else if (code == XML_ERROR_TAG_MISMATCH) // told of the name
-            error = {offset - 2, compose("expected </%1>", open.back().name)};
-        else if (code == XML_ERROR_NO_ELEMENTS)
-            error.text = compose("the document ends too early");
+        const int start = skipBlanks(text, end); // of what could not be read
+        const int last = static_cast<int>(xml.characterOffset()) - 1; // where Qt gave up
+        const QStringRef rest = text.midRef(start);
+        const auto begins = [&rest](const char *with) {
+            return rest.startsWith(QLatin1String(with));
+        };
+        const bool isComment = begins("<!--");
+        if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError)
+            for (const auto &[opening, closing] :
+                 {std::pair("<!--", "\"-->\""), std::pair("<![CDATA[", "\"]]>\""),
+                  std::pair("<?", "\"?>\""), std::pair("<", "a quotation mark or \">\"")})
+                if (begins(opening))
+                    return {start, compose("what begins here is never closed; add %1", closing)};
+        if (rest.isEmpty() && !open.empty())
+            return nestingError(text.size(), "<%1> of line %2 is never closed; add </%1>");
+        if (begins("</") && open.empty())
+            return {start, compose("this end tag closes nothing; remove it")};
+        if (begins("</"))
+            return nestingError(start, "this end tag does not match <%1> of line %2; write </%1>");
+        if (!document.root.name.isEmpty())
+            return {start, compose("only one root element is allowed; remove this")};
+        if (begins("<!DOCTYPE") && document.documentType.isEmpty())
+            return documentTypeError(start);
+        if (isComment && text.midRef(last - 2, 2) == QLatin1String("--"))
+            return {last - 2, compose("\"--\" is not allowed in a comment; write \"- -\", or "
+                                      "\"-->\" where the comment ends")};
+        static const QRegularExpression reference(QStringLiteral("&[^\\s;<'\"]*[\\s;<'\"]$"));
+        const auto match = reference.match(text.left(last + 1));
+        if (match.hasMatch() && !begins("<!") && !begins("<?"))
+            return {
+                match.capturedStart(),
+                match.captured().endsWith(QLatin1Char(';'))
+                    ? compose("unknown reference \"%1\"; write \"&amp;\" for the character \"&\"",
+                              match.captured())
+                    : compose("a lone \"&\"; write \"&amp;\" for the character")};
+        if (begins("<") && last == start + 1)
+            return {start, compose("\"<\" begins no tag; write \"&lt;\" for the character")};
+        if (begins("<") && !begins("<!") && !begins("<?"))
+            return diagnoseTag(start, last);
+        if (open.empty() && document.root.name.isEmpty() && !begins("<"))
+            return {start, compose("text before the root element; remove it")};
+        if (!isBlank(text.at(last)) && text.at(last) < QLatin1Char(' '))
+            return {last, compose("the control character \"%1\" is not allowed; remove it",
+                                  characterAt(text, last))};
+        return {begins("<?") || (open.empty() && !isComment) ? start : last,
+                compose(begins("<?xml") ? "not well-formed: %1 The document begins with "
+                                          "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
+                                        : "not well-formed: %1",
+                        xml.errorString())};
+    }
 
-        error.text.prepend(QLatin1String("not well-formed: "));
-        if (!open.empty()) {
-            const auto [line, column] = positionOf(content, open.back().offset);
-            error.text +=
-                compose("; <%1> is open, since line %2, column %3", open.back().name, line, column);
+    XmlError diagnoseTag(int start, int last) const
+    {
+        QStringList names;
+        for (auto written = attributesIn(text.mid(start, last + 1 - start)); written.hasNext();) {
+            const auto attribute = written.next();
+            if (names.contains(attribute.captured(1)))
+                return {start + attribute.capturedStart(1),
+                        compose("duplicate attribute \"%1\"; remove one", attribute.captured(1))};
+            names += attribute.captured(1);
         }
-        return error;
+        if (xml.errorString().startsWith(QLatin1String("Expected '='")))
+            return {last, compose("add \"=\" and a value in quotation marks before this")};
+        return {last,
+                compose("\"%1\" is not allowed in the tag of line %2; add the quotation mark or "
+                        "\">\" that is missing before it",
+                        characterAt(text, last), positionOf(text, start).line)};
     }
 
-    // What people meet most often, where the parser tells of a wrong character only.
-    XmlError invalidToken(int offset) const
+    // At the first sign of it.
+    XmlError nestingError(int offset, const char *pattern) const
     {
-        const QByteArray before = content.left(offset);
-        const QString character = characterAt(content, offset);
-        const auto byte = static_cast<uchar>(content.at(offset));
-        const int tag = before.lastIndexOf('<');
-        const int ampersand = before.lastIndexOf('&');
-        if (character == QChar(QChar::ReplacementCharacter))
-            return {offset, compose("the byte 0x%1; expected UTF-8", QString::number(byte, 16))};
-        if (tag >= 0 && tag == offset - 1)
-            return {tag, compose("\"<\" begins no tag; expected \"&lt;\" for the character")};
-        if (before.mid(tag).startsWith("<!--"))
-            return {offset - 2, compose("\"--\" in a comment")};
-        if (ampersand > tag && !before.mid(ampersand).contains(';'))
-            return {ampersand, compose("a lone \"&\"; expected \"&amp;\" for the character")};
-        if (byte == '<' || tag > before.lastIndexOf('>'))
-            return {offset, compose("\"%1\" in the tag of line %2; expected a quotation mark or "
-                                    "\">\" before it",
-                                    character, positionOf(before, tag).line)};
-        return {offset, compose("\"%1\" is not allowed here", character)};
+        const XmlElement &element = open.back();
+        return suspect.text.isEmpty()
+                   ? XmlError {offset, compose(pattern, element.name,
+                                               positionOf(text, element.offset).line)}
+                   : suspect;
     }
 
     XmlDocument &document;
-    const QByteArray &content;
-    const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser;
+    const QString &text;
+    QXmlStreamReader xml;
+    int end = 0; // of what is read
     std::vector<XmlElement> open;
+    XmlError suspect; // the first end tag that differs from the layout
 };
 
 } // namespace
 
-XmlDocument XmlDocument::fromBytes(const QByteArray &content)
+XmlDocument XmlDocument::fromBytes(const QByteArray &bytes)
 {
     XmlDocument document;
-    document.content = content.startsWith(byteOrderMark) ? content.mid(byteOrderMarkSize) : content;
-    // The parser would read UTF-16, too.
-    const int zero = document.content.indexOf('\0');
-    if (zero == 0 || zero == 1 || content.startsWith("\xff\xfe") || content.startsWith("\xfe\xff"))
-        document.error = {0, compose("UTF-16; expected UTF-8")};
-    else if (zero > 0)
-        document.error = {zero, compose("a zero byte; expected none, as hosts read up to it only")};
+    document.text = QString::fromUtf8(bytes); // without a byte order mark
+    const QByteArray again = document.text.toUtf8();
+    const QByteArray content =
+        bytes.right(bytes.size() - (bytes.startsWith("\xef\xbb\xbf") ? 3 : 0));
+    const int zero = content.indexOf('\0');
+    const auto wrong = std::mismatch(again.begin(), again.end(), content.begin(), content.end());
+    if (zero == 0 || zero == 1 || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff"))
+        document.error = {0, compose("the document is UTF-16; save it as UTF-8")};
+    else if (wrong.first != again.end()) {
+        const int size = static_cast<int>(wrong.first - again.begin());
+        document.error = {QString::fromUtf8(again.constData(), size).size(),
+                          compose("the byte 0x%1 is not UTF-8; save the document as UTF-8",
+                                  QString::number(static_cast<uchar>(*wrong.second), 16))};
+    } else if (zero > 0)
+        document.error = {document.text.indexOf(QChar::Null),
+                          compose("a zero byte; remove it, as hosts read no further")};
+    else if (document.text.startsWith(QChar(QChar::ByteOrderMark)))
+        document.error = {0, compose("a second byte order mark; remove it")};
     else
         Reader(document).read();
     return document;
 }
 
-Position positionOf(const QByteArray &content, int offset)
+Position positionOf(const QString &text, int offset)
 {
-    const QByteArray before = content.left(offset);
-    const auto lineStart = before.begin() + before.lastIndexOf('\n') + 1;
-    const auto startsCharacter = [](char byte) { return (byte & 0xc0) != 0x80; };
-    return {before.count('\n') + 1,
-            static_cast<int>(std::count_if(lineStart, before.end(), startsCharacter)) + 1};
+    const QStringRef before = text.leftRef(offset);
+    const QStringRef line = indentationOf(text, offset);
+    const auto columns =
+        std::count_if(line.begin(), line.end(), [](QChar c) { return !c.isLowSurrogate(); });
+    return {before.count(QLatin1Char('\n')) + 1, static_cast<int>(columns) + 1};
 }
 
-QString characterAt(const QByteArray &content, int offset)
+QString characterAt(const QString &text, int offset)
 {
-    const QString text =
-        textFrom(content.constData() + offset, std::min(4, content.size() - offset));
-    return text.left(text.front().isHighSurrogate() ? 2 : 1);
+    return text.mid(offset, offset < text.size() && text.at(offset).isHighSurrogate() ? 2 : 1);
 }
 
 } // namespace Quenda::Workbench

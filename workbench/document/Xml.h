@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QVector>
 
@@ -18,7 +17,7 @@ const typename List::value_type *findNamed(const List &list, const Name &name)
     return found == list.end() ? nullptr : &*found;
 }
 
-/** An attribute, and where its name begins; as all offsets, in bytes of the document's content. */
+/** An attribute, and where its name begins. All offsets are indexes into the document's text. */
 struct XmlAttribute
 {
     QString name;
@@ -34,7 +33,7 @@ struct XmlElement
     QVector<XmlAttribute> attributes;
     std::vector<XmlElement> children;
     QString text; ///< Its own, in one piece; empty when it is nothing but white space.
-    int textOffset = -1; ///< Of the text's first character that is no blank; -1 without a text.
+    int textOffset = -1; ///< Of the text's first character that is not white space; -1 without one.
 
     bool is(const char *tag) const { return name == QLatin1String(tag); }
     bool has(const char *attribute) const { return find(attribute); }
@@ -69,11 +68,11 @@ struct XmlError
     QString text; ///< Empty when there is no error.
 };
 
-/** An XML document that knows where everything stands. */
+/** An XML document that knows where everything is. */
 struct XmlDocument
 {
-    QByteArray content; ///< All of it, but for a byte order mark.
-    QString version; ///< Of the XML declaration, as the next; empty without one.
+    QString text; ///< All of it, but for a byte order mark.
+    QString version; ///< Of the XML declaration, as the encoding; empty without one.
     QString encoding;
     QString documentType; ///< The name in the document type declaration; empty without one.
     int documentTypeOffset = 0;
@@ -81,11 +80,11 @@ struct XmlDocument
     XmlError error; ///< With one, `root` is not to be used.
 
     /**
-     * Reads XML 1.0 in UTF-8. Nesting beyond any sense is an error too, and so is a document type
-     * that does more than name the root: Qt's readers would run out of stack, or see another
-     * document.
+     * Reads XML 1.0 in UTF-8. Two things that XML allows are errors: a document type that does more
+     * than name the root, as parsers differ in what they make of it, and elements that are nested
+     * more than 100 deep, as QDomDocument runs out of stack in the end.
      */
-    static XmlDocument fromBytes(const QByteArray &content);
+    static XmlDocument fromBytes(const QByteArray &bytes);
 };
 
 /** A place in a text as editors count: line and column from 1, a character a column. */
@@ -95,9 +94,9 @@ struct Position
     int column = 1;
 };
 
-Position positionOf(const QByteArray &content, int offset);
+Position positionOf(const QString &text, int offset);
 
-/** The character that begins there, whole. */
-QString characterAt(const QByteArray &content, int offset);
+/** The character that begins there, in one or two code units. */
+QString characterAt(const QString &text, int offset);
 
 } // namespace Quenda::Workbench

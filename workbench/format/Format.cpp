@@ -13,18 +13,18 @@ bool Value::allows(const QString &value) const
 
 QStringList Element::variants() const
 {
-    const bool isTold = !attributes.empty() && attributes.front().occurrence == Occurrence::Once;
-    return isTold ? attributes.front().value.choices : QStringList();
+    for (const Attribute &attribute : attributes)
+        if (qstrcmp(attribute.name, key) == 0)
+            return attribute.value.choices;
+    return {};
 }
 
 const Element *Element::child(const XmlElement &element) const
 {
     for (const Part &part : parts)
         for (const Element *one : part.elements)
-            if (const QStringList variants = one->variants();
-                element.is(one->name)
-                && (variants.isEmpty()
-                    || variants.contains(element.value(one->attributes.front().name))))
+            if (element.is(one->name)
+                && (!one->key || one->variants().contains(element.value(one->key))))
                 return one;
     return nullptr;
 }
@@ -42,7 +42,17 @@ Value anyText()
 
 Value name()
 {
-    return matching("\\S([^\\t\\n\\r]*\\S)?", "a name on one line, without blanks at its ends");
+    return matching("\\S([^\\t\\n\\r]*\\S)?",
+                    QStringLiteral("a name on one line, without blanks at its ends"));
+}
+
+Value number(int least, int most)
+{
+    const QString digits = QString::number(most);
+    const QString pattern = digits.size() == 1
+                                ? compose("[%1-%2]", least, most)
+                                : compose("[%1-9][0-9]{0,%2}", least, digits.size() - 1);
+    return matching(qPrintable(pattern), compose("a number from %1 to %2", least, most));
 }
 
 Value oneOf(std::initializer_list<const char *> values)
@@ -53,10 +63,17 @@ Value oneOf(std::initializer_list<const char *> values)
     return {choices, {}, quoted(choices.join(QLatin1String("\" or \"")))};
 }
 
-Value matching(const char *pattern, const char *expected)
+Value matching(const char *pattern, const QString &expected)
 {
     const QRegularExpression whole(QRegularExpression::anchoredPattern(QLatin1String(pattern)));
-    return {{}, QLatin1String(pattern), QLatin1String(expected), whole};
+    return {{}, QLatin1String(pattern), expected, whole};
+}
+
+Value styleSheet()
+{
+    Value value = anyText();
+    value.isStyleSheet = true;
+    return value;
 }
 
 Attribute xlinkNamespace()

@@ -14,14 +14,15 @@ struct Value
 {
     QStringList choices {}; ///< All that there are, or none where a pattern tells.
     QString pattern {}; ///< What the whole value matches, to XML Schema as to Qt.
-    QString expected {}; ///< For people, behind the word "expected".
+    QString expected {}; ///< For people, after the word "write".
     QRegularExpression whole {}; ///< The pattern for Qt, compiled once.
+    bool isStyleSheet = false; ///< Whether Qt has to be able to read it as a style sheet.
 
     bool isAnyText() const { return choices.isEmpty() && pattern.isEmpty(); }
     bool allows(const QString &value) const;
 };
 
-/** How often something stands where it may. */
+/** How often an attribute or a part occurs. */
 enum class Occurrence { Once, Optional, AnyNumber };
 
 struct Attribute
@@ -32,10 +33,7 @@ struct Attribute
     Occurrence occurrence = Occurrence::Once;
 };
 
-/**
- * An element. Two of one name, such as properties, differ in the value of their first attribute,
- * which is then required and has its choices.
- */
+/** An element. */
 struct Element
 {
     /** A part of its content: these elements, in any order. */
@@ -48,10 +46,12 @@ struct Element
     const char *name;
     const char *sentence;
     std::vector<Attribute> attributes {};
-    std::vector<Part> parts {}; ///< One behind the other.
-    std::optional<Value> text {}; ///< Without one, it holds elements only.
+    std::vector<Part> parts {}; ///< In this order.
+    std::optional<Value> text {}; ///< Without one, it contains elements only.
+    /** Where several elements have one name, such as properties: the attribute that differs. */
+    const char *key = nullptr;
 
-    /** The choices of the first attribute that tell it from others of its name. */
+    /** What the key may be; empty without a key. */
     QStringList variants() const;
     /** The declaration of one of its children; null when it may not have this one. */
     const Element *child(const XmlElement &element) const;
@@ -89,8 +89,10 @@ void checkProlog(const Document &document, Findings &findings);
 // What the declarations share.
 Value anyText();
 Value name();
+Value number(int least, int most); ///< The greatest is a digit, or has nines only.
 Value oneOf(std::initializer_list<const char *> values);
-Value matching(const char *pattern, const char *expected);
+Value matching(const char *pattern, const QString &expected);
+Value styleSheet();
 Attribute xlinkNamespace();
 Element::Part once(const Element &element);
 Element::Part anyOf(const std::vector<const Element *> &elements);

@@ -9,14 +9,12 @@ namespace {
 struct MenuFormat
 {
     const Value flag = oneOf({"true", "false"});
-    const Value integer = matching("-?[0-9]{1,9}", "a whole number");
+    const Value integer = matching("-?[0-9]{1,9}", QStringLiteral("a whole number"));
 
     static Element property(const char *propertyName, const Element &value, const char *sentence)
     {
-        return {"property",
-                sentence,
-                {{"name", oneOf({propertyName}), "Name of the property."}},
-                {once(value)}};
+        return {"property",    sentence, {{"name", oneOf({propertyName}), "Name of the property."}},
+                {once(value)}, {},       "name"};
     }
 
     const Element string {
@@ -31,12 +29,13 @@ struct MenuFormat
         anyText()};
     const Element boolean {"bool", "true or false.", {}, {}, flag};
 
-    const Element imagePath {"normaloff",
-                             "Resource path of the image.",
-                             {},
-                             {},
-                             matching(":/([^\\t\\n\\r]*\\S)|\\.",
-                                      "a resource path such as :/images/actions/notch_v.png")};
+    const Element imagePath {
+        "normaloff",
+        "Resource path of the image.",
+        {},
+        {},
+        matching(":/([^\\t\\n\\r]*\\S)|\\.",
+                 QStringLiteral("a resource path such as :/images/actions/notch_v.png"))};
     const Element iconSet {
         "iconset",
         "The image's path twice: in normaloff, and as text behind that.",
@@ -91,7 +90,9 @@ struct MenuFormat
         {{"class", oneOf({"QMenu"}), "Class of the widget."},
          {"name", name(), "Object name, by which the host finds the menu; keep it for ever."}},
         {anyOf({&title, &enabled, &toolTip, &statusTip, &whatsThis}), anyOf({&menu}),
-         anyOf({&item})}};
+         anyOf({&item})},
+        {},
+        "class"};
 
     const Element x {"x", "Left edge.", {}, {}, integer};
     const Element y {"y", "Upper edge.", {}, {}, integer};
@@ -106,7 +107,9 @@ struct MenuFormat
         "The menu bar: its menus, then all actions, then the order of the menus.",
         {{"class", oneOf({"QMenuBar"}), "Class of the widget."},
          {"name", oneOf({"menubar"}), "Object name."}},
-        {once(geometry), anyOf({&menu}), anyOf({&action}), anyOf({&item})}};
+        {once(geometry), anyOf({&menu}), anyOf({&action}), anyOf({&item})},
+        {},
+        "class"};
 
     const Element formName {"class", "Name of the form.", {}, {}, oneOf({"menubar"})};
     const Element include {

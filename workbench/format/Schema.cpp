@@ -39,7 +39,6 @@ public:
         write("grammar", [&] {
             attribute("xmlns", "http://relaxng.org/ns/structure/1.0");
             attribute("xmlns:a", "http://relaxng.org/ns/compatibility/annotations/1.0");
-            attribute("xmlns:xlink", "http://www.w3.org/1999/xlink");
             attribute("datatypeLibrary", "http://www.w3.org/2001/XMLSchema-datatypes");
             write("start", [&] { writeElement(format.root); });
             // They grow meanwhile.  NOLINTNEXTLINE(modernize-loop-convert)
@@ -80,6 +79,8 @@ private:
     void writeHead(const char *name, const char *sentence)
     {
         attribute("name", name);
+        if (QLatin1String(name).contains(QLatin1Char(':')))
+            attribute("xmlns:xlink", xlinkNamespace().value.choices.constFirst());
         write("a:documentation", [&] { xml.writeCharacters(QString::fromUtf8(sentence)); });
     }
 

@@ -1,3 +1,4 @@
+#include "document/ToolDocument.h"
 #include "format/Format.h"
 
 namespace Quenda::Workbench {
@@ -7,20 +8,20 @@ namespace {
 // The tool document, tools.xml.
 struct ToolFormat
 {
-    const Value pixels = matching("[0-9]{1,3}", "a number in 0 to 999");
-    const Value mask = matching("0x0*[0-9A-Fa-f]{1,8}|0*[0-9]{1,9}", "a number such as 17 or 0x11");
+    const Value pixels = number(0, 999);
+    const Value mask = matching(maskPattern, QStringLiteral("a number such as 17 or 0x11"));
 
     const Attribute id {"id", name(),
                         "The name of the tool or key in its module; keep it for ever."};
     const Attribute module {"xlink:href",
-                            matching("#\\S([^\\t\\n\\r]*\\S)?", "\"#\" and a module's id"),
+                            matching(referencePattern, QStringLiteral("\"#\" and a module's id")),
                             "# and the id of the module that provides it."};
     const Attribute mode {"mode", mask,
                           "Mask of the states in which it is available; without one, in all.",
                           Occurrence::Optional};
     const Attribute margin {"margin", pixels, "Pixels around the grid."};
     const Attribute spacing {"spacing", pixels, "Pixels between two buttons."};
-    const Attribute buttonStyle {"button-style", anyText(), "Qt style sheet of the buttons."};
+    const Attribute buttonStyle {"button-style", styleSheet(), "Qt style sheet of the buttons."};
 
     const Element tool {
         "tool",
@@ -32,16 +33,19 @@ struct ToolFormat
          mode}};
     const Element line {"separator",
                         "A line across the tool box, with a new row behind it.",
-                        {{"type", oneOf({"hline"}), "Kind of the line: a horizontal one."}, mode}};
+                        {{"type", oneOf({"hline"}), "Kind of the line: a horizontal one."}, mode},
+                        {},
+                        {},
+                        "type"};
     const Element gap {"separator", "A gap between two tools.", {mode}};
     const Element key {
         "key",
         "A key in its cells of the keypad; rows and columns count from 0.",
         {id,
-         {"row", matching("[0-4]", "a number in 0 to 4"), "Topmost row."},
-         {"column", matching("[0-3]", "a number in 0 to 3"), "Leftmost column."},
-         {"rowSpan", matching("[1-5]", "a number in 1 to 5"), "How many rows it is high."},
-         {"columnSpan", matching("[1-4]", "a number in 1 to 4"), "How many columns it is wide."},
+         {"row", number(0, keypadGrid.bottom()), "Topmost row."},
+         {"column", number(0, keypadGrid.right()), "Leftmost column."},
+         {"rowSpan", number(1, keypadGrid.height()), "How many rows it is high."},
+         {"columnSpan", number(1, keypadGrid.width()), "How many columns it is wide."},
          module}};
 
     const Element moduleElement {
@@ -50,19 +54,18 @@ struct ToolFormat
         {{"id", name(), "What xlink:href names the module by."},
          {"path",
           matching("%LIBRARY%/[^\\s/.]([^\\t\\n\\r/.]*[^\\s/.])?",
-                   "\"%LIBRARY%/\" and a library's base name"),
+                   QStringLiteral("\"%LIBRARY%/\" and a library's base name")),
           "%LIBRARY%/, the host's library folder, and the library's base name."}}};
     const Element toolBox {"toolbox",
                            "Tool buttons in a grid, row by row.",
-                           {{"columns", matching("[1-9][0-9]?", "a number in 1 to 99"),
-                             "How many buttons stand side by side."},
+                           {{"columns", number(1, 99), "How many buttons stand side by side."},
                             mode,
                             margin,
                             spacing,
                             buttonStyle},
                            {anyOf({&tool, &line})}};
     const Element keypad {"keypad",
-                          "Keys in a grid of five rows and four columns.",
+                          "Keys, each in its cells of a grid.",
                           {margin, spacing, buttonStyle},
                           {anyOf({&key})}};
     const Element toolBar {

@@ -15,10 +15,10 @@
 
 namespace Quenda::Workbench {
 
-QMenuBar *loadMenuBar(const QByteArray &content)
+QMenuBar *loadMenuBar(const QString &text)
 {
     QBuffer buffer;
-    buffer.setData(content);
+    buffer.setData(text.toUtf8());
     buffer.open(QIODevice::ReadOnly);
     QUiLoader loader;
     QWidget *widget = loader.load(&buffer);
@@ -37,7 +37,7 @@ QVector<HostState> statesToShow(const QString &product)
 Surface::Surface(const Documents &documents, const QSet<QString> &closedPanels)
     : closed(closedPanels)
 {
-    QMenuBar *menuBar = loadMenuBar(documentOf(documents, DocumentKind::Menus).xml.content);
+    QMenuBar *menuBar = loadMenuBar(documentOf(documents, DocumentKind::Menus).xml.text);
     menuBar->setNativeMenuBar(false);
     const auto actions = menuBar->findChildren<QAction *>();
     for (QAction *action : actions)

@@ -14,7 +14,7 @@ namespace Quenda::Workbench {
 enum class Presentation { ToolBoxes, ToolBars };
 
 /** Builds the menu bar of a menu document, as hosts do. It belongs to the caller; null for none. */
-QMenuBar *loadMenuBar(const QByteArray &content);
+QMenuBar *loadMenuBar(const QString &text);
 
 /** The states to show of a product; one of all masks for a product that is unknown here. */
 QVector<HostState> statesToShow(const QString &product);

@@ -74,11 +74,17 @@ private Q_SLOTS:
         }
     }
 
-    // QDomDocument, with which applications read, would run out of stack.
-    void nestedBeyondAnySense()
+    void documentsWithoutAPlaceForAnEdit()
     {
-        const auto xml = XmlDocument::fromBytes(QByteArray("<entry>").repeated(200000));
-        QCOMPARE(xml.error.text, u"nested more than 100 elements deep"_s);
+        const auto errorOf = [](const QByteArray &content) {
+            const XmlError error = XmlDocument::fromBytes(content).error;
+            return u"%1: %2"_s.arg(error.offset).arg(error.text);
+        };
+        QCOMPARE(errorOf({}), u"0: the document has no root element; add it"_s);
+        QCOMPARE(errorOf("<!---->\n"), u"8: the document has no root element; add it"_s);
+        // QDomDocument, with which the library reads, would run out of stack.
+        QCOMPARE(errorOf(QByteArray("<entry>").repeated(200000)),
+                 u"700: nested more than 100 elements deep"_s);
     }
 
     void lines()

@@ -174,7 +174,9 @@ private:
                   std::pair("<?", "\"?>\""), std::pair("<", "a quotation mark or \">\"")})
                 if (begins(opening))
                     return {start, compose("what begins here is never closed; add %1", closing)};
-        if (rest.isEmpty() && !open.empty())
+        if (rest.isEmpty() && open.empty())
+            return {text.size(), compose("the document has no root element; add it")};
+        if (rest.isEmpty())
             return nestingError(text.size(), "<%1> of line %2 is never closed; add </%1>");
         if (begins("</") && open.empty())
             return {start, compose("this end tag closes nothing; remove it")};

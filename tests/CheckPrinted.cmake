@@ -4,6 +4,7 @@ separate_arguments(arguments UNIX_COMMAND "${ARGUMENTS}")
 execute_process(
     COMMAND "${PROGRAM}" ${arguments}
     OUTPUT_VARIABLE printed
+    TIMEOUT 60
     COMMAND_ERROR_IS_FATAL ANY)
 if(RENEW)
     file(WRITE "${FILE}" "${printed}")

@@ -148,6 +148,7 @@ private Q_SLOTS:
         };
         const pid_t child = fork();
         if (child == 0) {
+            alarm(10);
             std::set_terminate([] { _exit(42); });
             Throwing composer;
             setDefaultLogger(LogLevel::Error, &composer);
@@ -160,6 +161,7 @@ private Q_SLOTS:
         }
         int status = 0;
         QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY2(WIFEXITED(status), "the process crashed, or still ran after 10 seconds");
         QCOMPARE(WEXITSTATUS(status), 42);
     }
 

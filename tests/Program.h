@@ -11,12 +11,21 @@ struct Outcome
     QByteArray errors;
 };
 
+/** Runs a program. If it does not end by itself, the test ends and names the command line. */
+inline void runToItsEnd(QProcess &program, const char *path, const QStringList &arguments)
+{
+    program.start(QString::fromUtf8(path), arguments);
+    if (program.waitForFinished() && program.exitStatus() == QProcess::NormalExit)
+        return;
+    const QString reason = program.errorString();
+    program.kill();
+    qFatal("%s %s: %s", path, qPrintable(arguments.join(QLatin1Char(' '))), qPrintable(reason));
+}
+
 inline Outcome run(const char *path, const QStringList &arguments)
 {
     QProcess program;
-    program.start(QString::fromUtf8(path), arguments);
-    if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit)
-        qFatal("%s did not run to its end", path);
+    runToItsEnd(program, path, arguments);
     return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
 }
 
@@ -25,8 +34,8 @@ inline int statusWithoutOutput(const char *path, const QStringList &arguments)
 {
     QProcess program;
     program.setStandardOutputFile(QStringLiteral("/dev/full"));
-    program.start(QString::fromUtf8(path), arguments);
-    return program.waitForFinished() ? program.exitCode() : -1;
+    runToItsEnd(program, path, arguments);
+    return program.exitCode();
 }
 
 /** Adds a row to a table of command lines; the error is a part of the one line that there is. */

@@ -41,14 +41,15 @@ QString valueForPeople(const AbstractDataSafe &store, const KnownEntry &entry)
         Logger::logWarn(QStringLiteral("entry \"%1\" holds \"%2\", which is no %3")
                             .arg(entry.name, value, entryTypeName(entry.type)));
     }
-    if (entry.name == EntryNames::fileKey() && value.size() > 2)
-        value = value.front() + QString(value.size() - 2, QLatin1Char('*')) + value.back();
+    if (entry.name == EntryNames::fileKey())
+        for (int i = 1; i < value.size() - 1; ++i)
+            value[i] = QLatin1Char('*');
     return value.isEmpty() ? QStringLiteral("(empty)") : value;
 }
 
 QString table(const QVector<Row> &rows)
 {
-    std::array<int, 2> widths {0, 0};
+    std::array<int, 2> widths {};
     for (const Row &row : rows)
         for (std::size_t i = 0; i < widths.size(); ++i)
             widths[i] = std::max(widths[i], row[i].size());

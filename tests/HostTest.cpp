@@ -1,5 +1,14 @@
+#include "Config/DataSafe.h"
 #include "Program.h"
+#include "Report.h"
 #include "StringLiterals.h"
+#include "Util/Logger.h"
+
+#include <QuendaCore/DefaultLogger.h>
+
+using Quenda::LogLevel;
+using Quenda::setDefaultLogger;
+using Quenda::Kit::Logger;
 
 class HostTest : public QObject
 {
@@ -46,6 +55,46 @@ private Q_SLOTS:
     }
 
     void messages() { QCOMPARE(run(QUENDA_HOST, {u"lorvan"_s}).errors, QByteArray()); }
+
+    // What no product has: texts that do not convert, a list of several, a key too short to hide.
+    void reportOfOddEntries()
+    {
+        struct : Quenda::TextLineComposer<char>
+        {
+            void writeLine(const std::string &line) override
+            {
+                lines += QString::fromStdString(line);
+            }
+            QStringList lines;
+        } warnings;
+        Quenda::Kit::DataSafe store;
+        store.put(u"maxPieceCount"_s, u"many"_s);
+        store.put(u"importFormats"_s, u"dxf  aama"_s);
+        store.put(u"cncEnabled"_s, u"True"_s);
+        store.put(u"quenda_file_key"_s, u"k"_s);
+        store.put(u"notRead"_s, u"1"_s);
+        store.put(u"menubar"_s, u"\u00e9"_s);
+
+        auto *previous = setDefaultLogger(LogLevel::Warning, &warnings);
+        const QString report = configurationReport(u"odd"_s, store);
+        QCoreApplication::sendPostedEvents(Logger::instance());
+        setDefaultLogger(LogLevel::Warning, previous);
+        QCOMPARE(report, uR"(Configuration of odd
+
+Entry            Value      Read as
+maxPieceCount    many       number
+importFormats    dxf, aama  list
+cncEnabled       True       flag
+quenda_file_key  k          text
+
+Document  Size     For
+tools     0 bytes  tool boxes, keypad and tool bars
+menus     2 bytes  the menu bar
+)"_s);
+        QCOMPARE(warnings.lines,
+                 (QStringList {uR"(entry "maxPieceCount" holds "many", which is no number)"_s,
+                               uR"(entry "cncEnabled" holds "True", which is no flag)"_s}));
+    }
 
     void outputThatCannotBeWritten()
     {

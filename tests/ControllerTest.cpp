@@ -82,6 +82,7 @@ private Q_SLOTS:
         row("UTF-8", "oddentries", "widgetConfig", u"<tools>\u00e9</tools>"_s);
         row("other tag name, first", "oddentries", "setting", QString());
         row("other tag name", "oddentries", "capital", QString());
+        row("tag name with a prefix", "oddentries", "prefixed", QString());
         row("not a child of the root", "oddentries", "nested", QString());
         row("no name", "oddentries", "", u"nameless"_s);
         row("no text", "oddentries", "empty", u""_s);
@@ -130,6 +131,17 @@ private Q_SLOTS:
         QTEST(connector.asked, "asked");
         QCOMPARE(connector.handedOver, 1);
         QCOMPARE(static_cast<bool>(connector.appData()), hasStore);
+    }
+
+    void connectorOfTheStandIn()
+    {
+        Quenda::ConnectorImpl connector;
+        for (const auto &[product, hasStore] :
+             {std::pair("", false), std::pair("lorvan", true), std::pair("none", false)}) {
+            connector.setProductId(QLatin1String(product));
+            Controller::instance()->startUp();
+            QCOMPARE(static_cast<bool>(connector.appData()), hasStore);
+        }
     }
 
     void theConnectorIsTheOnlyOwner()

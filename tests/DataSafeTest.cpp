@@ -22,10 +22,13 @@ struct Overriding : DataSafe
 {
     QString getString(const QString &, bool *ok) const override
     {
-        *ok = true;
-        return u"2"_s;
+        *ok = found;
+        return text;
     }
     double getDouble(const QString &, bool *) const override { return 99; }
+
+    QString text = u"2"_s;
+    bool found = true;
 };
 
 // What a getter returns, and its flag, which must not depend on what it was before.
@@ -137,11 +140,20 @@ private Q_SLOTS:
 
     void typedGettersReadThroughGetString()
     {
-        const Overriding store;
+        Overriding store;
         QCOMPARE(store.getStringList(name), QStringList(u"2"_s));
         QCOMPARE(store.getInt(name), 2); // not by way of the overridden getDouble()
         QCOMPARE(store.DataSafe::getDouble(name), 2.0);
         QCOMPARE(read(store, &AbstractDataSafe::getBool), qMakePair(false, false));
+
+        // A text that comes without the flag counts for nothing.
+        store.found = false;
+        QCOMPARE(store.getStringList(name), QStringList());
+        QCOMPARE(read(store, &AbstractDataSafe::getInt), qMakePair(0, false));
+        for (const QString &text : {u"true"_s, u"false"_s}) {
+            store.text = text;
+            QCOMPARE(read(store, &AbstractDataSafe::getBool), qMakePair(false, false));
+        }
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QLibrary>
+#include <QPointer>
 #include <QTest>
 
 // Does not link the library: loads it like a plug-in.
@@ -18,6 +19,12 @@ private Q_SLOTS:
         QVERIFY2(library.load(), qPrintable(library.errorString()));
         QVERIFY(QFile::exists(path));
 
+        const auto controller = reinterpret_cast<QObject *(*)()>(
+            library.resolve("_ZN6Quenda4Help10Controller8instanceEv"));
+        QVERIFY(controller);
+        const QPointer<QObject> madeOnce(controller());
+        QCOMPARE(controller(), madeOnce.data());
+
         const auto init =
             reinterpret_cast<void (*)()>(library.resolve("_ZN6Quenda3Kit6Logger4initEv"));
         const auto logErr = reinterpret_cast<void (*)(const QString &)>(
@@ -30,6 +37,7 @@ private Q_SLOTS:
 
         QVERIFY(library.unload());
         QVERIFY(!QFile::exists(path));
+        QVERIFY(!madeOnce);
         QVERIFY(text.isDetached()); // the logger went, and took the record along
     }
 };

@@ -10,10 +10,12 @@
 #include <unistd.h>
 
 #include <exception>
+#include <iostream>
 #include <stdexcept>
 #include <thread>
 #include <vector>
 
+using Quenda::DefaultLogger;
 using Quenda::LogLevel;
 using Quenda::setDefaultLogger;
 using Quenda::TextLineComposer;
@@ -28,7 +30,7 @@ class Composer : public TextLineComposer<char>
 {
 public:
     Composer(LogLevel level, QStringList *lines)
-        : severity(level), written(lines), previous(setDefaultLogger(level, this))
+        : previous(setDefaultLogger(level, this)), severity(level), written(lines)
     {
     }
     ~Composer() override { setDefaultLogger(severity, previous); }
@@ -38,22 +40,22 @@ public:
         if (QThread::currentThread() != Logger::instance()->thread())
             qFatal("a line was written on another thread");
         *written += QString::number(int(severity)) + u' ' + QString::fromStdString(line);
-        wasAtLineStart = atLineStart;
+        heldTheLine = !atLineStart && stream.str() == line;
     }
 
-    bool wasAtLineStart = true; // when the last line was written
+    TextLineComposer<char> *const previous;
+    bool heldTheLine = false; // when it was written
 
 private:
     LogLevel severity;
     QStringList *written;
-    TextLineComposer<char> *previous;
 };
 
 // Runs after the logger and all that the tests made is destroyed. Until then, a record may have to
 // be written.
 void writeLastLine()
 {
-    Quenda::DefaultLogger(LogLevel::Debug)->writeLine("the last line");
+    DefaultLogger(LogLevel::Debug)->writeLine("the last line");
 }
 Q_DESTRUCTOR_FUNCTION(writeLastLine)
 
@@ -84,11 +86,23 @@ private Q_SLOTS:
         Logger::logWarn(u"A"_s);
         Logger::logErr(u"B\u00e9\nC"_s);
         Logger::log(QString(), LogLevel::Info);
-        Logger::log(u"no such severity"_s, static_cast<LogLevel>(77));
+        for (int noSeverity : {0, 6})
+            Logger::log(u"no such severity"_s, static_cast<LogLevel>(noSeverity));
         Logger::log(u"D"_s, static_cast<LogLevel>(3));
         QVERIFY(lines.empty());
         deliver();
         QCOMPARE(lines, (QStringList {u"3 A"_s, u"2 B\u00e9\nC"_s, u"4 "_s, u"3 D"_s}));
+    }
+
+    void composersOfTheStandIn()
+    {
+        std::ostringstream text;
+        std::streambuf *standardError = std::cerr.rdbuf(text.rdbuf());
+        for (auto *composer : {DefaultLogger(LogLevel::Fatal), errors.previous, warnings.previous,
+                               infos.previous, DefaultLogger(LogLevel::Debug)})
+            composer->writeLine("A");
+        std::cerr.rdbuf(standardError);
+        QCOMPARE(text.str(), std::string("fatal: A\nerror: A\nwarning: A\ninfo: A\ndebug: A\n"));
     }
 
     void severityWithoutAComposer()
@@ -123,7 +137,7 @@ private Q_SLOTS:
         LogEvent next(LogLevel::Error, u"next"_s);
         QVERIFY(Logger::instance()->event(&next));
         QCOMPARE(lines, (QStringList {u"2 held text"_s, u"2 next"_s}));
-        QVERIFY(!errors.wasAtLineStart && errors.atLineStart);
+        QVERIFY(errors.heldTheLine && errors.atLineStart && errors.stream.str().empty());
     }
 
     void textThatCannotBeTaken()

@@ -17,7 +17,7 @@ namespace {
 
 using Row = std::array<QString, 3>;
 
-// The value of an entry that exists, read as a host reads it.
+// The value of an entry, read as a host reads it.
 QString valueForPeople(const AbstractDataSafe &store, const KnownEntry &entry)
 {
     bool ok = false;
@@ -38,7 +38,7 @@ QString valueForPeople(const AbstractDataSafe &store, const KnownEntry &entry)
     }
     if (!ok) {
         value = store.getString(entry.name);
-        Logger::logWarn(QStringLiteral("entry \"%1\" holds \"%2\", which is no %3")
+        Logger::logWarn(QStringLiteral("the value of entry \"%1\" is not a %3: \"%2\"")
                             .arg(entry.name, value, entryTypeName(entry.type)));
     }
     if (entry.name == EntryNames::fileKey())

@@ -1,4 +1,4 @@
-// The reference host: starts up through the library, as every host does, and shows what it
+// The reference host: starts the library, as every host does, and shows the configuration that it
 // receives.
 
 #include "Report.h"
@@ -23,7 +23,7 @@ using Quenda::Kit::Logger;
 
 namespace {
 
-// The exit statuses beside 0.
+// The exit statuses, besides 0.
 constexpr int notFound = 1;
 constexpr int wrongUsage = 2;
 
@@ -46,7 +46,7 @@ QString allProducts()
     return QDir(QStringLiteral(":/widgets")).entryList(QDir::Dirs).join(QLatin1String(", "));
 }
 
-// This is all that a host does at start-up. The store stays valid as long as its handle is kept.
+// This is all that a host does at start-up. The store exists as long as a handle to it.
 boost::shared_ptr<AbstractDataSafe> startUp(const QString &product)
 {
     Quenda::ConnectorImpl connector(product);
@@ -59,7 +59,7 @@ int printEntry(const QString &name, const AbstractDataSafe &store)
     bool found = false;
     const QString value = store.getString(name, &found);
     if (!found)
-        return fail(notFound, QStringLiteral("no entry \"%1\"").arg(name));
+        return fail(notFound, QStringLiteral("unknown entry \"%1\"").arg(name));
     return print(value.toUtf8() + '\n');
 }
 
@@ -72,8 +72,8 @@ int printDocument(const QString &document, const QString &product, const Abstrac
     if (document != QLatin1String("entries"))
         return fail(
             wrongUsage,
-            QStringLiteral("no document \"%1\"; there are: entries, tools, menus").arg(document));
-    // The store has the entries one by one; the document itself is in the library's resources.
+            QStringLiteral("unknown document \"%1\"; use entries, tools or menus").arg(document));
+    // The store has only the entries; the document itself is in the library's resources.
     QFile file(QStringLiteral(":/widgets/%1/confs.xml").arg(product.toLower()));
     if (!file.open(QIODevice::ReadOnly))
         return fail(notFound, QStringLiteral("%1 has no entry document").arg(product));
@@ -87,7 +87,7 @@ int run(const QStringList &arguments)
                                    QStringLiteral("name"));
     const QCommandLineOption document(
         QStringLiteral("document"),
-        QStringLiteral("Print a document, entries, tools or menus, byte for byte."),
+        QStringLiteral("Print a document unchanged: entries, tools or menus."),
         QStringLiteral("document"));
     QCommandLineParser parser;
     const QCommandLineOption help = parser.addHelpOption();
@@ -97,8 +97,8 @@ int run(const QStringList &arguments)
         QStringLiteral("product"),
         QStringLiteral("The product that is running: %1.").arg(allProducts()));
     parser.setApplicationDescription(QStringLiteral(
-        "Starts up through libQuendaHelp and shows the configuration that a product's "
-        "host receives.\nExit status: 0 shown, 1 not found, 2 wrong usage."));
+        "Starts libQuendaHelp and shows the configuration that a product's host receives.\n"
+        "Exit status: 0 success, 1 not found or not printed, 2 wrong usage."));
 
     if (!parser.parse(arguments))
         return fail(wrongUsage, parser.errorText());
@@ -107,15 +107,16 @@ int run(const QStringList &arguments)
     if (parser.isSet(version))
         return print(QStringLiteral("quenda-host " QUENDAHELP_VERSION "\n").toUtf8());
     if (parser.isSet(entry) && parser.isSet(document))
-        return fail(wrongUsage, QStringLiteral("--entry and --document exclude each other"));
+        return fail(wrongUsage,
+                    QStringLiteral("--entry and --document cannot be combined; use one of them"));
     if (parser.positionalArguments().size() != 1)
         return fail(wrongUsage,
-                    QStringLiteral("needs one product (%1); see --help").arg(allProducts()));
+                    QStringLiteral("name one product (%1); see --help").arg(allProducts()));
 
     const QString product = parser.positionalArguments().constFirst();
     const boost::shared_ptr<AbstractDataSafe> store = startUp(product);
     if (!store)
-        return fail(notFound, QStringLiteral("no configuration for product \"%1\"; there are: %2")
+        return fail(notFound, QStringLiteral("product \"%1\" has no configuration; use one of: %2")
                                   .arg(product, allProducts()));
     if (parser.isSet(entry))
         return printEntry(parser.value(entry), *store);
@@ -129,7 +130,7 @@ int run(const QStringList &arguments)
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
-    // On the main thread and before anything can log. What was logged is delivered before the exit.
+    // On the main thread, before anything logs. The records are delivered before the exit.
     Logger::init();
     const auto delivery =
         qScopeGuard([] { QCoreApplication::sendPostedEvents(Logger::instance()); });

@@ -34,15 +34,16 @@ private Q_SLOTS:
         commandLineRow("lorvan --entry fileSaveDomain", 0, "entp\n", "");
         commandLineRow("TESMAR --entry filePassword", 0, "\n", "");
         commandLineRow("--version", 0, "quenda-host " VERSION "\n", "");
-        commandLineRow("lorvan --entry optimizeEnabled", 1, "", "no entry \"optimizeEnabled\"");
+        commandLineRow("lorvan --entry optimizeEnabled", 1, "",
+                       "unknown entry \"optimizeEnabled\"");
         commandLineRow("other", 1, "",
-                       "no configuration for product \"other\"; there are: " PRODUCTS);
-        commandLineRow("lorvan --document confs", 2, "", "there are: entries, tools, menus");
-        commandLineRow("", 2, "", "needs one product (" PRODUCTS ")");
-        commandLineRow("other --document tools", 1, "", "no configuration for product");
-        commandLineRow("lorvan --entry a --document tools", 2, "", "exclude each other");
+                       "product \"other\" has no configuration; use one of: " PRODUCTS);
+        commandLineRow("lorvan --document confs", 2, "", "use entries, tools or menus");
+        commandLineRow("", 2, "", "name one product (" PRODUCTS ")");
+        commandLineRow("other --document tools", 1, "", "product \"other\" has no configuration");
+        commandLineRow("lorvan --entry a --document tools", 2, "", "cannot be combined");
         commandLineRow("lorvan --unknown", 2, "", "Unknown option 'unknown'");
-        commandLineRow("lorvan tesmar", 2, "", "needs one product");
+        commandLineRow("lorvan tesmar", 2, "", "name one product");
     }
 
     void commandLine() { checkCommandLine(QUENDA_HOST, "error: "); }
@@ -51,7 +52,8 @@ private Q_SLOTS:
     {
         const Outcome outcome = run(QUENDA_HOST, {u"-h"_s});
         QCOMPARE(outcome.status, 0);
-        QVERIFY(outcome.output.contains("Exit status: 0 shown, 1 not found, 2 wrong usage."));
+        QVERIFY(outcome.output.contains(
+            "Exit status: 0 success, 1 not found or not printed, 2 wrong usage."));
     }
 
     void messages() { QCOMPARE(run(QUENDA_HOST, {u"lorvan"_s}).errors, QByteArray()); }

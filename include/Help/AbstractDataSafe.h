@@ -8,52 +8,53 @@
 namespace Quenda::Help {
 
 /**
- * The product configuration as the host sees it: a flat dictionary of named texts.
+ * The configuration of a product, as the host sees it: a flat dictionary of named texts.
  *
- * Every value is text, kept as it was put; it gets a type only when it is read. The same entry may
- * be read through any getter. Names are compared by UTF-16 code unit, so letter case counts.
+ * The store keeps every value as text, unchanged. A value gets a type only when it is read, and any
+ * getter may read any entry. Names are compared by UTF-16 code unit, so letter case matters.
  *
- * A store is made by the library, handed to the host as a boost::shared_ptr and destroyed with the
- * last handle. The interface has no destructor slot, so that the order of its slots stays as
- * applications know it; the handle remembers the concrete type, and nobody can delete through this
- * class.
+ * The library makes the store and hands it to the host as a boost::shared_ptr, the handle. The last
+ * handle destroys the store. This class has no virtual destructor, because applications depend on
+ * the order of its virtual functions. The handle knows the concrete type; nobody can delete a store
+ * through this class.
  *
- * Each getter takes an optional @p ok flag. When given, it is written in every case: true when the
- * entry exists and its text converts, false otherwise. A getter that clears @p ok returns the
- * neutral value that its comment names. No getter throws or logs.
+ * Each getter has an optional @p ok flag. If it is given, the getter always writes it: true if the
+ * entry exists and its text converts, false otherwise. When it is false, the getter returns the
+ * neutral value that its comment names. Getters neither throw nor log.
  *
- * A store has no lock. Reading from several threads is safe while nobody writes. Handles may be
- * copied and released on any thread.
+ * A store has no lock. Several threads may read it while no thread writes. Handles may be copied
+ * and released on any thread. The library does not change a store after it has handed it over.
  */
 class QUENDAHELP_EXPORT AbstractDataSafe
 {
 public:
-    /** The text itself; empty, but not null, when there is no such entry. */
+    /** The text; empty, but not null, if there is no such entry. */
     virtual QString getString(const QString &name, bool *ok = nullptr) const = 0;
 
     /**
-     * The text split at single spaces (U+0020), without empty parts; an empty list when there is no
-     * such entry. Tabs, line breaks and other white space separate nothing.
+     * The text, split at each space (U+0020), without empty parts; an empty list if there is no
+     * such entry. Tabs, line breaks and other white space do not separate parts.
      */
     virtual QStringList getStringList(const QString &name, bool *ok = nullptr) const = 0;
 
-    /** Whether the text is "true"; only exactly "true" and "false" convert. Otherwise false. */
+    /** True for "true", false for "false". No other text converts; the result is then false. */
     virtual bool getBool(const QString &name, bool *ok = nullptr) const = 0;
 
     /**
-     * The text as a number in the C locale, white space around it allowed; otherwise 0.0. "inf" and
-     * "nan" are numbers; a number too large for a double is not.
+     * The text as a number in the C locale, such as "-2.5e3"; 0.0 if it does not convert. White
+     * space around the number is allowed. "inf" and "nan" convert; a number that is too large for a
+     * double does not.
      */
     virtual double getDouble(const QString &name, bool *ok = nullptr) const = 0;
 
     /**
-     * The text as a number, read like getDouble() and truncated toward zero; otherwise 0. A number
-     * outside the 32-bit range, infinite or not a number gives -2147483648 with @p ok set:
-     * applications rely on that value.
+     * The text as a number, read as getDouble() reads it, without its fraction; 0 if it does not
+     * convert. For "inf", "nan" and every number outside the range of 32 bits (-2147483648 to
+     * 2147483647), the result is -2147483648 and @p ok is true. Applications rely on that value.
      */
     virtual int getInt(const QString &name, bool *ok = nullptr) const = 0;
 
-    /** Stores @p value under @p name and replaces what stood there. The empty name is a name. */
+    /** Stores @p value under @p name, and replaces an earlier value. The name may be empty. */
     virtual void put(const QString &name, const QString &value) = 0;
 
 protected:

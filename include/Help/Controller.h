@@ -4,9 +4,10 @@
 
 #include <QObject>
 
+/** What every host uses: start-up, and the configuration that it receives. */
 namespace Quenda::Help {
 
-/** What starts the library up in a host; Controller is the implementation. */
+/** The interface of the object that starts the library; Controller implements it. */
 class QUENDAHELP_EXPORT AbstractController : public QObject
 {
     Q_OBJECT
@@ -14,15 +15,15 @@ class QUENDAHELP_EXPORT AbstractController : public QObject
 public:
     ~AbstractController() override;
 
-    /** Hands the running product's configuration to the host's connector, and returns true. */
+    /** Hands the running product's configuration to the connector. Returns true. */
     virtual bool startUp() = 0;
 };
 
 /**
- * The host's entry into the library.
+ * Starts the library for a host.
  *
- * There is one controller in the process. The first call of instance() makes it; it is destroyed at
- * exit, or when the library is unloaded.
+ * A process has one controller. The first call of instance() makes it. It is destroyed at exit, or
+ * when the library is unloaded.
  */
 class QUENDAHELP_EXPORT Controller : public AbstractController
 {
@@ -30,26 +31,28 @@ class QUENDAHELP_EXPORT Controller : public AbstractController
 
 public:
     /**
-     * The controller; never null and never the caller's to delete. May be called on any thread; the
-     * first call decides the controller's (QObject::thread()).
+     * The controller, which is never null. The library owns it; do not delete it. Any thread may
+     * call this. The controller belongs to the thread of the first call (QObject::thread()).
      */
     static Controller *instance();
 
     /**
-     * Builds the configuration store of the running product and hands it to the connector
-     * (AbstractConnector::setAppData()); the library keeps no handle. Call it on the user-interface
-     * thread, once the framework's connector exists.
+     * Builds the store of the running product and hands it to the connector
+     * (AbstractConnector::setAppData()). Call it on the thread of the user interface. The connector
+     * must exist by then: without one, the behaviour is undefined.
      *
-     * The store holds the tool document, the menu document, every entry of the product's entry
-     * document and the file key; Help/EntryNames.h has the names of the other three. Where two
-     * sources use one name, the later in this order wins. If the tool or the menu document is
-     * missing, the connector receives an empty handle instead; a missing entry document only leaves
-     * its entries out.
+     * The store contains the text of the tool document, the text of the menu document, the entries
+     * of the product's entry document, and the file key, in this order. If two of them have the
+     * same name, the later one wins. Help/EntryNames.h has the names of those that are not in the
+     * entry document.
      *
-     * Another call builds another store from scratch and hands that over. An exception of the
-     * framework passes through, and the store that was being built is released.
+     * If the tool document or the menu document is missing, the connector receives an empty handle.
+     * If the entry document is missing or not well-formed XML 1.0, only its entries are missing.
      *
-     * @return true in every case.
+     * Each call builds a new store. The library keeps no handle. If the framework throws an
+     * exception, the caller receives it, and the unfinished store is destroyed.
+     *
+     * @return true, always. The host sees by the handle whether there is a configuration.
      */
     bool startUp() override;
 

@@ -7,33 +7,36 @@
 
 namespace Quenda::Kit {
 
-// Without a virtual destructor, as applications know it: no matter for those who include this.
+// Applications depend on there being no virtual destructor. Whoever includes this may have the
+// warning on.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
 QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
 
 /**
- * Reads an entry document: every `entry` element, at any depth and under any root, with its "name"
- * attribute and its text as it stands. Start-up does without it; it is for code that reads an entry
- * document of its own, such as a tool or a host's tests.
+ * Reads an entry document (XML 1.0). It finds every `entry` element, at any depth and under any
+ * root, and takes the name from its "name" attribute and the value from its text, unchanged. The
+ * start-up does not use this class; it is for code that reads an entry document itself, such as a
+ * tool or a host's tests.
  *
- * Make one, call visit() with the document's text, then look at error(): if it is empty, result()
- * holds the document's entries; if not, the document is unusable as a whole. Of two entries with
- * one name, the later wins. An `entry` inside an `entry` is read too, and its text also belongs to
- * the outer one.
+ * Make a parser, call visit() with the document's text, then check error(). If it is empty,
+ * result() contains the entries. If it is not, do not use any part of the document. If two entries
+ * have the same name, the later one wins. An `entry` inside an `entry` is an entry, too, and its
+ * text is also part of the outer one's text.
  *
- * A parser is meant for one document. Another visit() starts with no entries, but an earlier error
- * stays until a new one replaces it.
+ * Use one parser for one document, on one thread. A second visit() that can parse its text starts
+ * with no entries, but an earlier error stays until another one replaces it.
  */
 class QUENDAHELP_EXPORT AppDataParser : public DomVisitor
 {
 public:
-    /** The entries read so far, ascending by name. The reference lives as long as the parser. */
+    /** The entries read so far, in ascending order of their names. The parser owns the map. */
     const QMap<QString, QString> &result() const;
 
     /**
-     * Why the document is unusable; empty when it was read completely. The XML parser's message,
-     * "missing name attr in <entry>" for an entry with no name or an empty one, or "exception".
+     * Why the document cannot be used; empty if it was read completely. Otherwise it is the XML
+     * parser's message, "missing name attr in <entry>" if an entry has no name or an empty one, or
+     * "exception". The parser owns the text.
      */
     const QString &error() const;
 

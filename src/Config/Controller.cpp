@@ -16,7 +16,7 @@ namespace Quenda::Help {
 
 namespace {
 
-// What every product's document files are locked with.
+// The key of the host's document files, for every product.
 constexpr char fileKey[] = "0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk";
 
 QString resourcePath(const QString &pattern, ConnectorImpl *connector)
@@ -29,7 +29,7 @@ bool putDocument(AbstractDataSafe &store, const QString &name, const QString &pa
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    // The length is left out on purpose: a document ends before its first zero byte.
+    // Without the length, on purpose: a document ends before its first zero byte.
     store.put(name, QString::fromUtf8(file.readAll().constData()));
     return true;
 }
@@ -44,14 +44,13 @@ void putEntries(AbstractDataSafe &store, const QString &path)
         store.put(entry.attribute(QStringLiteral("name")), entry.text());
 }
 
-// An empty handle when the product lacks its tool or its menu document.
+// An empty handle if the product has no tool document or no menu document.
 boost::shared_ptr<AbstractDataSafe> createDataSafe()
 {
     ConnectorImpl *connector = ConnectorImpl::instance();
     boost::shared_ptr<AbstractDataSafe> store(new Kit::DataSafe);
 
-    // The framework may answer differently from one document to the next, so it is asked before
-    // each.
+    // The framework's answer may change from one document to the next, so each asks again.
     if (!putDocument(*store, EntryNames::toolDocument(),
                      resourcePath(QStringLiteral(":/widgets/%1/tools.xml"), connector)))
         return {};

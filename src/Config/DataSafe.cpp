@@ -53,14 +53,14 @@ double DataSafe::getDouble(const QString &name, bool *ok) const
 
 int DataSafe::getInt(const QString &name, bool *ok) const
 {
-    // Applications rely on the value that x86's truncating conversion gives for everything that
-    // does not fit. In C++ that conversion is undefined, so it only sees numbers that fit; the
+    // Applications rely on the result of x86's truncating conversion for a number that does not
+    // fit. In C++ such a conversion is undefined, so only a number that fits is converted. Both
     // comparisons are false for "nan".
     constexpr int lowest = std::numeric_limits<int>::min();
     constexpr double below = -2147483649.0;
     constexpr double above = 2147483648.0;
 
-    // Not the virtual call: a class that overrides getDouble() does not change what this gives.
+    // Not virtual: a class that overrides getDouble() does not change getInt().
     const double number = DataSafe::getDouble(name, ok);
     return number > below && number < above ? static_cast<int>(number) : lowest;
 }

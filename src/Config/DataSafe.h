@@ -4,9 +4,11 @@
 
 #include <QMap>
 
+/** The library's parts that a host may use directly: store, XML readers, logger, utilities. */
 namespace Quenda::Kit {
 
-// Without a virtual destructor, as applications know it: no matter for those who include this.
+// Applications depend on there being no virtual destructor. Whoever includes this may have the
+// warning on.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
 QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
@@ -14,12 +16,13 @@ QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
 /**
  * The configuration store: an ordered map from name to text.
  *
- * Start-up makes one and hands it over as an AbstractDataSafe, which is all that a host needs. This
- * class is for code that fills a store of its own, such as a host's tests.
+ * The start-up makes one and hands it over as an AbstractDataSafe, which is all that a host needs.
+ * This class is for code that fills a store itself, such as a host's tests. AbstractDataSafe
+ * describes the getters, and the rules for threads.
  *
- * Give it to a boost::shared_ptr as a DataSafe at once, so that the handle destroys the right type.
- * The typed getters read through the virtual getString(); a class derived from this one that
- * overrides getString() thereby changes them all.
+ * Make it with boost::make_shared<DataSafe>(), so that the handle destroys the right type. The
+ * other getters call the virtual getString(): a derived class that overrides getString() changes
+ * them all.
  */
 class QUENDAHELP_EXPORT DataSafe : public Help::AbstractDataSafe
 {

@@ -42,7 +42,7 @@ DomVisitor::VisitCmd DomVisitor::doVisit(const QDomElement &element)
         return Continue;
     };
 
-    // Around the walk as a whole, so that what onError() throws is caught at no level.
+    // Around the whole walk: inside it, this would also catch what onError() throws.
     try {
         return walk(walk, element);
     } catch (...) {

@@ -9,68 +9,69 @@ class QString;
 
 namespace Quenda::Kit {
 
-// Without a virtual destructor, as applications know it: no matter for those who include this.
+// Applications depend on there being no virtual destructor. Whoever includes this may have the
+// warning on.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
 QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
 
 /**
- * Walks the elements of a DOM tree and calls a handler at each; the base of the library's XML
- * readers, and of any reader of a host's that wants the elements of a document one by one.
+ * Walks the elements of a DOM tree and calls a handler for each. It is the base class of
+ * AppDataParser, and of a host's own readers.
  *
- * One walk calls onVisitStarted(), then in document order onElement() on entering an element and
- * onEndElement() after its subtree, and at last onVisitEnded(). Only elements reach the handlers; a
- * reader that needs text takes it from the element. This class has no state: whatever a reader
- * wants to remember, it stores itself.
+ * A walk first calls onVisitStarted(). Then, in document order, it calls onElement() before the
+ * children of an element and onEndElement() after them. Finally it calls onVisitEnded(). Handlers
+ * receive elements only; they can read the text from the element. This class has no data: a derived
+ * class stores what it needs.
  *
- * An exception of any type from onElement(), onEndElement() or the DOM ends the walk: it is
- * reported once, as "exception" to onError(), and the result is Stop. What onVisitStarted(),
- * onVisitEnded() or onError() throw passes to the caller.
+ * If onElement(), onEndElement() or the DOM throws an exception of any type, the walk ends: it
+ * calls onError() once, with "exception", and the result is Stop. The caller receives an exception
+ * that onVisitStarted(), onVisitEnded() or onError() throws.
  *
- * A visitor serves one thread at a time and is best made where it is used, as a local variable: the
- * destructor is not virtual, so never delete one through this class. The recursion is as deep as
- * the elements are nested, without a limit of its own.
+ * Use a visitor on one thread at a time. Make it as a local variable: the destructor is not
+ * virtual, so never delete a visitor through this class. The walk is recursive and does not limit
+ * its depth, which is that of the elements.
  */
 class QUENDAHELP_EXPORT DomVisitor
 {
 public:
-    /** How the walk goes on after a handler, and how a walk ended. */
+    /** What a walk does after a handler returns, and how a walk ended. */
     enum VisitCmd : qint32 {
-        Continue = 0, ///< Go on; as a result: nobody stopped the walk.
-        Stop = 1, ///< End the walk at once, with no further call for any element.
-        /// From onElement(): neither the children nor onEndElement(). Never a result.
+        Continue = 0, ///< Go on. As a result: the walk was not stopped.
+        Stop = 1, ///< End the walk at once, without a call for any other element.
+        /// Only from onElement(): leave out the children and onEndElement(). Never a result.
         SkipChildren = 2,
     };
 
     /**
-     * Parses @p text as XML 1.0, without namespace processing, and walks the document element.
+     * Parses @p text as XML 1.0, without namespaces, and walks the document element. If the text
+     * is not well-formed, it calls only onError().
      *
-     * @return An empty, non-null text when the document was parsed, however the walk ended;
-     * otherwise the parser's message, which onError() has received too. A text that does not parse
-     * is not walked.
+     * @return An empty, non-null text if the document was parsed, also if the walk was stopped;
+     * otherwise the XML parser's message, as onError() receives it.
      */
     QString visit(const QString &text);
 
-    /** Walks @p element, its later siblings and all their subtrees; Continue or Stop. */
+    /** Walks @p element and its later siblings, with all their children. Continue or Stop. */
     VisitCmd visit(const QDomElement &element);
 
-    /** visit() without onVisitStarted() and onVisitEnded(); Continue at once for a null element. */
+    /** The same without onVisitStarted() and onVisitEnded(). Continue for a null element. */
     VisitCmd doVisit(const QDomElement &element);
 
 protected:
-    /** The walk starts at @p element, which may be null. */
+    /** Called before a walk that starts at @p element, which may be null. */
     virtual void onVisitStarted(const QDomElement &element);
 
-    /** The walk is over; @p result is Continue or Stop. */
+    /** Called after a walk. @p result is Continue or Stop. */
     virtual void onVisitEnded(VisitCmd result);
 
-    /** Entering @p element. Any answer but Stop and SkipChildren means Continue. */
+    /** Called before the children. Any result but Stop and SkipChildren means Continue. */
     virtual VisitCmd onElement(const QDomElement &element);
 
-    /** The subtree of @p element is done. Only Stop has an effect. */
+    /** Called after the children of @p element. Any result but Stop means Continue. */
     virtual VisitCmd onEndElement(const QDomElement &element);
 
-    /** The text did not parse, or an exception ended the walk. */
+    /** Called if the text is not well-formed XML, or if an exception ended the walk. */
     virtual void onError(const QString &message);
 };
 

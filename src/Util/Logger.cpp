@@ -23,7 +23,7 @@ namespace Kit {
 
 namespace {
 
-// The framework names the severities; the library knows these two by their values.
+// The framework defines the names of the severities; the library relies on two values only.
 constexpr auto errorLevel = static_cast<LogLevel>(2);
 constexpr auto warningLevel = static_cast<LogLevel>(3);
 
@@ -73,7 +73,7 @@ void Logger::logWarn(const QString &text)
 
 bool Logger::event(QEvent *event)
 {
-    // Not by the type number, which other code may use for its own events.
+    // Not by the event's type number, which other code may use for its own events.
     const auto *record = dynamic_cast<const LogEvent *>(event);
     if (!record)
         return true;

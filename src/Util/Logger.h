@@ -11,7 +11,7 @@
 namespace Quenda::Kit {
 
 /**
- * One record on its way to the logger. Once posted it belongs to Qt's event queue, which deletes it
+ * A record on its way to the logger. After it is posted, Qt's event queue owns it, and deletes it
  * after delivery.
  */
 class QUENDAHELP_EXPORT LogEvent : public QEvent
@@ -21,39 +21,41 @@ public:
     LogEvent(LogLevel recordLevel, const QString &recordText);
     ~LogEvent() override;
 
-    const LogLevel level; ///< The severity, for DefaultLogger().
-    const QString text; ///< Shared with the producer's text, not copied.
+    const LogLevel level; ///< The severity.
+    const QString text; ///< The text; it shares its data with the producer's text.
 };
 
 /**
- * The process's logger. Threads only queue their records; the logger's own thread writes them from
- * its event loop, with the framework's composer for the severity (DefaultLogger()).
+ * The logger of the process. Every thread may log: it only queues a record. The logger's thread
+ * writes the records from its event loop, with the framework's composer for the severity
+ * (DefaultLogger()).
  *
- * The first instance() makes the logger, and its thread is the logger's: call init() on the thread
- * that runs the event loop, so early in the start-up that no other thread has logged yet.
+ * The logger belongs to the thread that calls instance() or a logging function first. So call
+ * init() on the thread with the event loop, before another thread logs.
  *
- * log(), logErr() and logWarn() are thread-safe. They take no lock of their own, format nothing and
- * report nothing back. Records are written in the order in which they were posted; those posted
- * before the event loop runs wait for it. A record is written as it is, in one line whatever it
- * holds: the framework decorates. A severity for which the framework has no composer is dropped.
+ * log(), logErr() and logWarn() are thread-safe. They use no lock besides the one of Qt's event
+ * queue, do not format, and do not report errors. The logger writes the records in the order in
+ * which they were posted; they wait until the event loop runs. It gives each record to the composer
+ * unchanged, and then ends the line. If the text has a line break, so has the output. It drops the
+ * record if the framework has no composer for the severity.
  *
- * The logger is a static object, destroyed after main() or when the library is unloaded, and the
- * records that still wait are dropped with it. Whoever logs or delivers afterwards uses an object
- * that is gone. Before its main() returns, or anything calls exit(), a host has therefore
- * - ended all its other threads that log, and the logger's event loop;
- * - delivered what waits, if it wants to lose no record: on the logger's thread, with
- *   `QCoreApplication::sendPostedEvents(Quenda::Kit::Logger::instance())`;
- * - no static object that was made before the logger and logs in its destructor.
+ * The logger is a static object. It is destroyed after main(), or when the library is unloaded, and
+ * the records that still wait are lost. Nobody may log after that. So before main() returns, or
+ * before a call of exit(), a host must
+ * - end the other threads that log, and the logger's event loop;
+ * - deliver the records that wait, on the logger's thread, with
+ *   `QCoreApplication::sendPostedEvents(Quenda::Kit::Logger::instance())`.
  *
- * The framework's composers have to outlive the logger.
+ * A static object that is made before the logger must not log in its destructor, because it is
+ * destroyed after the logger. The framework's composers must exist as long as the logger.
  */
 class QUENDAHELP_EXPORT Logger : public QObject
 {
 public:
-    /** The logger; never null and never the caller's to delete. */
+    /** The logger, which is never null. The library owns it; do not delete it. */
     static Logger *instance();
 
-    /** Makes the logger on this thread, unless it exists. */
+    /** Makes the logger on the calling thread, unless it exists. */
     static void init();
 
     /** Queues a record of the severity @p level. */
@@ -66,13 +68,12 @@ public:
     static void logWarn(const QString &text);
 
     /**
-     * Writes a LogEvent; consumes every other event without handling it, so that deleteLater() has
-     * no effect on the logger.
+     * Writes a LogEvent. Ignores every other event, so deleteLater() has no effect on the logger.
      *
-     * An exception that the framework throws while it takes the text leaves this function, after
-     * the line was flushed. An exception while the line is written ends the process.
+     * If the framework throws an exception while it takes the text, this function ends the line and
+     * passes the exception on. If it throws one while it writes the line, the process ends.
      *
-     * @return true in every case.
+     * @return true, always: no event is passed on.
      */
     bool event(QEvent *event) override;
 

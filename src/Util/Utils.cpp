@@ -9,7 +9,7 @@ namespace Quenda::Kit {
 int Utils::rand()
 {
     const auto seed = static_cast<uint>(QTime::currentTime().msec());
-    // Applications expect this generator's numbers; QRandomGenerator has others.
+    // Applications expect the numbers of this generator; those of QRandomGenerator differ.
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED
     qsrand(seed);
@@ -24,7 +24,7 @@ QByteArray Utils::urlSafeBase64Encode(const QByteArray &bytes)
 
 QByteArray Utils::urlSafeBase64Decode(const QByteArray &text)
 {
-    // Qt decodes one alphabet at a time, leniently by default.
+    // Qt decodes one alphabet at a time. By default it ignores invalid characters.
     QByteArray standard = text;
     standard.replace('_', '/').replace('-', '+');
     return QByteArray::fromBase64(standard);
@@ -36,7 +36,7 @@ QString Utils::toMD5String(const QString &text)
         QCryptographicHash::hash(text.toLatin1(), QCryptographicHash::Md5).toHex());
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts are built against this signature
+// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts are built with this signature
 QString Utils::readChildEleText(const QDomElement &parent, QString name, bool &found)
 {
     const QDomElement child = parent.firstChildElement(name);

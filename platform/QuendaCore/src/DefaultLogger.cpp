@@ -28,10 +28,10 @@ struct Severity
     TextLineComposer<char> *current = &standard;
 };
 
-// Null for a value that is no severity.
+// Null for a value that is not in the enumeration.
 Severity *severityOf(LogLevel level)
 {
-    // Never destroyed: records may be delivered until the logger is gone.
+    // Never destroyed: the logger is a static object and may need them until it is destroyed.
     static auto &severities = *new std::array<Severity, 5> {{
         {StandardErrorComposer("fatal")},
         {StandardErrorComposer("error")},

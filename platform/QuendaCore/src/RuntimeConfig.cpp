@@ -8,7 +8,7 @@ RuntimeConfig::RuntimeConfig(const QString &path)
 {
     QFile file(path);
     QDomDocument loaded;
-    // A failed parse leaves the elements before the fault behind, hence the second document.
+    // A separate document: a parse that fails leaves the elements before the error in it.
     if (file.open(QIODevice::ReadOnly) && loaded.setContent(&file))
         document = loaded;
 }

@@ -12,30 +12,31 @@ namespace Quenda {
 
 /**
  * @ingroup stand_in
- * The composer for records of this severity, or null when nothing is written for it.
+ * The composer for records of the severity @p level, or null if they are not written.
  *
- * To begin with, errors, warnings and the other severities go to standard error, each line with the
- * severity as a word in front, and by composers that last until the process has ended. Only for the
- * thread that writes the records.
+ * By default, all severities are written to standard error, with the severity in front, such as
+ * "error: text". The default composers exist until the process ends. Call this only on the thread
+ * that writes the records.
  */
 QUENDACORE_EXPORT TextLineComposer<char> *DefaultLogger(LogLevel level);
 
 /**
  * @ingroup stand_in
- * Puts @p composer in the place of the present one for @p level; null switches the severity off.
- * The composer remains the caller's and must outlive its use. A level that is not in the
- * enumeration has no composer and takes none.
+ * Installs @p composer for the severity @p level; null switches the severity off. The caller keeps
+ * the ownership: install the earlier composer before you destroy this one. Call it only on the
+ * thread that writes the records. It does nothing for a level that is not in the enumeration.
  *
- * @return The composer that stood there, to be put back.
+ * @return The earlier composer, which may be null.
  */
 QUENDACORE_EXPORT TextLineComposer<char> *setDefaultLogger(LogLevel level,
                                                            TextLineComposer<char> *composer);
 
+/** What the library calls, but not hosts. */
 namespace Private {
 
 /**
  * @ingroup stand_in
- * Writes @p text to @p stream in UTF-8, after a blank when the line holds text already.
+ * Writes @p text to @p stream in UTF-8, after a space if @p lineHasText.
  */
 QUENDACORE_EXPORT void printQString(std::ostream &stream, const QString &text, bool lineHasText);
 

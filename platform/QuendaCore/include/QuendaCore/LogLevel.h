@@ -6,7 +6,7 @@ namespace Quenda {
 
 /**
  * @ingroup stand_in
- * How severe a record is; the values are fixed.
+ * The severity of a record. The values never change.
  */
 enum class LogLevel : qint32 {
     Fatal = 1,

@@ -8,15 +8,15 @@ namespace Quenda {
 
 /**
  * @ingroup stand_in
- * An entry document, loaded whole when it is constructed.
+ * An entry document (XML 1.0). The constructor reads all of it.
  */
 class QUENDACORE_EXPORT RuntimeConfig
 {
 public:
-    /** Loads the document at @p path, a file or a resource. */
+    /** Reads the document at @p path, which is a file or a resource (":/..."). */
     explicit RuntimeConfig(const QString &path);
 
-    /** The document; without a root element when the file is missing or not well-formed. */
+    /** The document; it has no root element if the file is missing or not well-formed. */
     const QDomDocument &content() const;
 
 private:

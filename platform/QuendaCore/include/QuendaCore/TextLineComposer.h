@@ -7,8 +7,8 @@ namespace Quenda {
 
 /**
  * @ingroup stand_in
- * Composes one line of output at a time in `stream` and hands it to writeLine() when it is flushed.
- * It belongs to the thread that writes.
+ * Composes one line of output at a time in `stream`; flush() gives the line to writeLine(). Use it
+ * only on the thread that writes the records.
  */
 template <typename Char>
 class TextLineComposer
@@ -16,18 +16,18 @@ class TextLineComposer
 public:
     virtual ~TextLineComposer() = default;
 
-    /** Receives one finished line, without a line break of its own at the end. */
+    /** Receives a complete line, without a line break at its end. */
     virtual void writeLine(const std::basic_string<Char> &line) = 0;
 
-    /** Hands over the current line, even an empty one, and starts the next. */
+    /** Gives the current line to writeLine(), even if it is empty, and starts the next line. */
     void flush();
 
-    bool enabled = true; ///< Text is accepted.
-    bool atLineStart = true; ///< Nothing was written since the last flush().
+    bool enabled = true; ///< False if no text may be added.
+    bool atLineStart = true; ///< True if nothing was written since the last flush().
     std::basic_ostringstream<Char> stream; ///< The current line.
 };
 
-/** The library with the logger defines it. */
+/** Defined in libQuendaHelp, with its logger. */
 template <>
 void TextLineComposer<char>::flush();
 

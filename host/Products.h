@@ -32,6 +32,7 @@ struct KnownEntry
     QString name;
     EntryType type;
     QStringList products; ///< Whose hosts read it from the product's entry document.
+    QString purpose; ///< In a few words, for reports and pages.
 };
 
 /** All products. */

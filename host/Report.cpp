@@ -7,7 +7,6 @@
 #include <Util/Logger.h>
 
 #include <algorithm>
-#include <array>
 
 namespace EntryNames = Quenda::Help::EntryNames;
 using Quenda::Help::AbstractDataSafe;
@@ -15,10 +14,31 @@ using Quenda::Kit::Logger;
 
 namespace {
 
-using Row = std::array<QString, 3>;
+QString table(const QVector<QStringList> &rows)
+{
+    const int last = rows.constFirst().size() - 1;
+    QVector<int> widths(last);
+    for (const QStringList &row : rows)
+        for (int i = 0; i < last; ++i)
+            widths[i] = std::max(widths[i], row[i].size());
 
-// The value of an entry, read as a host reads it.
-QString valueForPeople(const AbstractDataSafe &store, const KnownEntry &entry)
+    QString text;
+    for (const QStringList &row : rows) {
+        for (int i = 0; i < last; ++i)
+            text += row[i].leftJustified(widths[i]) + QLatin1String("  ");
+        text += row[last] + QLatin1Char('\n');
+    }
+    return text;
+}
+
+QStringList documentRow(const QString &name, const QString &text, const QString &use)
+{
+    return {name, QStringLiteral("%1 bytes").arg(text.toUtf8().size()), use};
+}
+
+} // namespace
+
+QString shownValue(const AbstractDataSafe &store, const KnownEntry &entry)
 {
     bool ok = false;
     QString value;
@@ -41,46 +61,27 @@ QString valueForPeople(const AbstractDataSafe &store, const KnownEntry &entry)
         Logger::logWarn(QStringLiteral("the value of entry \"%1\" is not a %3: \"%2\"")
                             .arg(entry.name, value, entryTypeName(entry.type)));
     }
-    if (entry.name == EntryNames::fileKey())
-        for (int i = 1; i < value.size() - 1; ++i)
-            value[i] = QLatin1Char('*');
+    if (entry.name == EntryNames::fileKey() && value.size() > 2)
+        value = QStringLiteral("%1...%2 (%3 characters)")
+                    .arg(value.front())
+                    .arg(value.back())
+                    .arg(value.size());
     return value.isEmpty() ? QStringLiteral("(empty)") : value;
 }
 
-QString table(const QVector<Row> &rows)
-{
-    std::array<int, 2> widths {};
-    for (const Row &row : rows)
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            widths[i] = std::max(widths[i], row[i].size());
-
-    QString text;
-    for (const Row &row : rows)
-        text += row[0].leftJustified(widths[0]) + QLatin1String("  ")
-                + row[1].leftJustified(widths[1]) + QLatin1String("  ") + row[2]
-                + QLatin1Char('\n');
-    return text;
-}
-
-Row documentRow(const QString &name, const QString &text, const QString &use)
-{
-    return {name, QStringLiteral("%1 bytes").arg(text.toUtf8().size()), use};
-}
-
-} // namespace
-
 QString configurationReport(const QString &product, const AbstractDataSafe &store)
 {
-    QVector<Row> entries {
-        {QStringLiteral("Entry"), QStringLiteral("Value"), QStringLiteral("Read as")}};
+    QVector<QStringList> entries {{QStringLiteral("Entry"), QStringLiteral("Value"),
+                                   QStringLiteral("Read as"), QStringLiteral("For")}};
     for (const KnownEntry &entry : knownEntries()) {
         bool found = false;
         store.getString(entry.name, &found);
         if (found)
-            entries.append({entry.name, valueForPeople(store, entry), entryTypeName(entry.type)});
+            entries.append(
+                {entry.name, shownValue(store, entry), entryTypeName(entry.type), entry.purpose});
     }
 
-    const QVector<Row> documents {
+    const QVector<QStringList> documents {
         {QStringLiteral("Document"), QStringLiteral("Size"), QStringLiteral("For")},
         documentRow(QStringLiteral("tools"), store.getString(EntryNames::toolDocument()),
                     QStringLiteral("tool boxes, keypad and tool bars")),

@@ -2,13 +2,20 @@
 
 #include <QString>
 
+struct KnownEntry;
+
 namespace Quenda::Help {
 class AbstractDataSafe;
 }
 
 /**
- * The configuration of @p product as text: a table of the entries and a table of the documents. If
- * the text of an entry does not convert to the entry's type, the table contains the text, and the
- * logger receives a warning.
+ * The value of an entry in @p store, read as a host reads it. If the text does not convert to the
+ * entry's type, the result is the text, and the logger receives a warning. The file key is not
+ * shown.
+ */
+QString shownValue(const Quenda::Help::AbstractDataSafe &store, const KnownEntry &entry);
+
+/**
+ * The configuration of @p product as text: a table of the entries and a table of the documents.
  */
 QString configurationReport(const QString &product, const Quenda::Help::AbstractDataSafe &store);

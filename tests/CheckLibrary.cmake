@@ -1,6 +1,6 @@
-# Compares the symbols that the library exports with the committed list, the name that it gives itself
-# with the one that applications ask the loader for, and the libraries that it asks for in turn with
-# those that it may ask for. With RENEW, writes the list instead.
+# Compares the symbols that the library exports with the committed list, its SONAME with the one that
+# applications load, and the libraries that it needs with those that it may need. With RENEW, updates the
+# list instead.
 
 execute_process(
     COMMAND "${NM}" -D --defined-only --format=posix "${LIBRARY}"
@@ -20,7 +20,7 @@ if(RENEW)
     return()
 endif()
 
-# What is in the first list and not in the second, for people to read.
+# Reports what is in the first list and not in the second.
 function(report_difference first second heading)
     set(difference ${${first}})
     list(REMOVE_ITEM difference ${${second}})
@@ -34,17 +34,16 @@ endfunction()
 file(STRINGS "${SYMBOLS}" expected)
 report_difference(expected symbols "No longer exported, which breaks applications:")
 report_difference(symbols expected
-    "Exported, but not in the list (if this is meant: cmake --build ... --target renew-symbols):")
+    "Exported, but not in the list (if you want that: cmake --build ... --target renew-symbols):")
 
-set(names libQuendaHelp.so.1)
-set(allowed libQuendaCore.so.1 libQt5Core.so.5 libQt5Xml.so.5 libstdc++.so.6 libgcc_s.so.1 libc.so.6)
+set(allowed "${CORE}" libQt5Core.so.5 libQt5Xml.so.5 libstdc++.so.6 libgcc_s.so.1 libc.so.6)
 execute_process(
     COMMAND "${READELF}" --dynamic --wide "${LIBRARY}"
     OUTPUT_VARIABLE output
     COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "\\(SONAME\\)[^\n]*" soname "${output}")
 list(TRANSFORM soname REPLACE ".*\\[(.*)\\].*" "\\1")
-report_difference(names soname "Not the library's SONAME, by which applications find it:")
+report_difference(SONAME soname "Not the library's SONAME, by which applications find it:")
 string(REGEX MATCHALL "\\(NEEDED\\)[^\n]*" needed "${output}")
 list(TRANSFORM needed REPLACE ".*\\[(.*)\\].*" "\\1")
-report_difference(needed allowed "Asked of the loader, but not the library's to need:")
+report_difference(needed allowed "Needed, but no library that this one may need:")

@@ -1,11 +1,11 @@
-# Builds the example host against the library in one of four ways, runs it and looks for a
-# configuration. What the pages show of code is compared or compiled, once.
+# Builds the example host with the library in one of four ways, runs it and checks that it receives a
+# configuration. Also checks the code on the pages, each piece in one of the ways.
 cmake_minimum_required(VERSION 3.22)
 
 set(core "${WORK_DIR}/core")
 set(library "${WORK_DIR}/library")
 set(host "${WORK_DIR}/build/minimal-host")
-# What hosts may have switched on; no header of the library is to stop them.
+# Hosts may use these warnings. No header of the library may cause one.
 set(warnings -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 file(REMOVE_RECURSE "${WORK_DIR}")
 file(MAKE_DIRECTORY "${WORK_DIR}/build")
@@ -26,7 +26,7 @@ function(build_with_cmake source)
     run("${CMAKE_COMMAND}" --build "${WORK_DIR}/build")
 endfunction()
 
-# A source that includes all headers below a folder.
+# Appends an #include line for each header below a folder.
 function(include_all folder source)
     file(GLOB_RECURSE headers RELATIVE "${folder}" "${folder}/*.h")
     list(TRANSFORM headers REPLACE "(.+)" "#include <\\1>\n")
@@ -34,26 +34,33 @@ function(include_all folder source)
     file(APPEND "${source}" "${text}")
 endfunction()
 
-# Compiles files, each on its own, with the flags that pkg-config tells for the packages.
+# Checks the syntax of files, each by itself, with the flags of the packages.
 function(check_syntax packages)
     run("${PKG_CONFIG}" --cflags ${packages})
     separate_arguments(flags UNIX_COMMAND "${output}")
     run("${CXX}" -std=c++17 -fPIC -fsyntax-only ${flags} -x c++ ${ARGN})
 endfunction()
 
-# Each piece of C++ on a page is a source.
-function(check_code packages page)
+# Writes each piece of code on a page into a file. One with Qt's slots is named as its .moc file.
+function(read_code page language files)
     file(READ "${SOURCE_DIR}/${page}" text)
-    string(FIND "${text}" "```cpp\n" start)
+    set(found "")
+    string(FIND "${text}" "```${language}\n" start)
     while(NOT start EQUAL -1)
-        math(EXPR start "${start} + 7")
+        string(SUBSTRING "${text}" ${start} -1 text)
+        string(FIND "${text}" "\n" start)
         string(SUBSTRING "${text}" ${start} -1 text)
         string(FIND "${text}" "```" end)
         string(SUBSTRING "${text}" 0 ${end} code)
-        file(WRITE "${WORK_DIR}/code.cpp" "${code}")
-        check_syntax("${packages}" ${warnings} "${WORK_DIR}/code.cpp")
-        string(FIND "${text}" "```cpp\n" start)
+        list(LENGTH found name)
+        if(code MATCHES "#include \"(.*)[.]moc\"")
+            set(name "${CMAKE_MATCH_1}")
+        endif()
+        file(WRITE "${WORK_DIR}/${name}.${language}" "${code}")
+        list(APPEND found "${WORK_DIR}/${name}.${language}")
+        string(FIND "${text}" "```${language}\n" start)
     endwhile()
+    set(${files} "${found}" PARENT_SCOPE)
 endfunction()
 
 function(build_with_pkg_config)
@@ -71,14 +78,14 @@ if(WAY STREQUAL "installed")
         file(READ "${SOURCE_DIR}/example/${file}" text)
         string(FIND "${page}" "${text}" position)
         if(position EQUAL -1)
-            message(FATAL_ERROR "docs/hosts.md shows another example/${file}")
+            message(FATAL_ERROR "docs/hosts.md does not contain example/${file}; copy it there")
         endif()
     endforeach()
 
     run("${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${library}" --component Runtime)
     run("${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${library}" --component Development)
     build_with_cmake("${SOURCE_DIR}/example")
-    # What it is built with is not needed any more.
+    # To run the host, the component Runtime is enough.
     file(REMOVE_RECURSE "${library}")
     run("${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${library}" --component Runtime)
 elseif(WAY STREQUAL "pkg-config")
@@ -94,34 +101,46 @@ elseif(WAY STREQUAL "pkg-config")
             message(FATAL_ERROR "In the stand-in's package and in the library's: ${file}")
         endif()
     endforeach()
-    # This test includes the header of every class that is exported.
+    # AbiTest.cpp includes the header of every class that is exported.
     file(GLOB_RECURSE headers "${library}/*.h")
     check_syntax("quendahelp;Qt5Test" ${headers}
         "${SOURCE_DIR}/tests/AbiTest.cpp" "-I${BINARY_DIR}/tests/AbiTest_autogen/include")
     include_all("${core}/include/QuendaCore" "${WORK_DIR}/headers.cpp")
     include_all("${library}/include/QuendaHelp" "${WORK_DIR}/headers.cpp")
     check_syntax(quendahelp ${warnings} "${WORK_DIR}/headers.cpp")
-    check_code(quendahelp README.md)
+    read_code(README.md cpp files)
+    check_syntax(quendahelp ${warnings} ${files})
     if(HAS_UI_TOOLS)
-        check_code("quendahelp;Qt5UiTools;Qt5Test" docs/hosts.md)
+        read_code(docs/hosts.md cpp files)
+        list(FILTER files EXCLUDE REGEX "Test[.]cpp$") # needs moc; built in the way "subdirectory"
+        check_syntax("quendahelp;Qt5UiTools" ${warnings} ${files})
     endif()
     build_with_pkg_config()
 elseif(WAY STREQUAL "subdirectory")
     include_all("${SOURCE_DIR}/include" "${WORK_DIR}/headers.cpp")
     include_all("${SOURCE_DIR}/src" "${WORK_DIR}/headers.cpp")
-    file(WRITE "${WORK_DIR}/CMakeLists.txt" "
-        cmake_minimum_required(VERSION 3.22)
-        project(Host LANGUAGES CXX)
-        set(CMAKE_RUNTIME_OUTPUT_DIRECTORY \"\${CMAKE_BINARY_DIR}\")
-        add_subdirectory(\"${SOURCE_DIR}/example\" example)
+    # The example, with what the page adds to it.
+    file(COPY "${SOURCE_DIR}/example/main.cpp" DESTINATION "${WORK_DIR}")
+    read_code(docs/hosts.md cpp files)
+    read_code(docs/hosts.md cmake files)
+    foreach(file IN LISTS files)
+        file(READ "${file}" text)
+        if(NOT text MATCHES "FetchContent" AND (HAS_UI_TOOLS OR NOT text MATCHES "UiTools"))
+            file(APPEND "${WORK_DIR}/CMakeLists.txt" "${text}")
+        endif()
+    endforeach()
+    file(APPEND "${WORK_DIR}/CMakeLists.txt" "
         add_library(headers OBJECT headers.cpp)
         target_link_libraries(headers PRIVATE Quenda::Help)
     ")
     string(JOIN " " flags ${warnings})
     build_with_cmake("${WORK_DIR}" "-DQUENDAHELP_SOURCE_DIR=${SOURCE_DIR}" "-DCMAKE_CXX_FLAGS=${flags}")
+    run("${WORK_DIR}/build/LimitsTest")
     run("${CMAKE_COMMAND}" --install "${WORK_DIR}/build" --prefix "${library}")
-    if(EXISTS "${library}")
-        message(FATAL_ERROR "The host's installation brings the library: ${output}")
+    file(GLOB_RECURSE files RELATIVE "${library}" "${library}/*")
+    list(FILTER files EXCLUDE REGEX "^bin/minimal-host$|/libQuendaHelp[.]so[.][0-9.]+$")
+    if(files)
+        message(FATAL_ERROR "The host's installation also contains: ${files}")
     endif()
 elseif(WAY STREQUAL "system-core")
     build_with_cmake("${SOURCE_DIR}/example" "-DQUENDAHELP_SOURCE_DIR=${SOURCE_DIR}" -DQUENDAHELP_SYSTEM_CORE=ON
@@ -133,10 +152,10 @@ elseif(WAY STREQUAL "system-core")
     set(ENV{LD_LIBRARY_PATH} "${core}/${LIBDIR}:${library}")
     build_with_pkg_config()
 else()
-    message(FATAL_ERROR "No such way: ${WAY}")
+    message(FATAL_ERROR "Unknown way: ${WAY}")
 endif()
 
 run("${host}")
 if(NOT output MATCHES "saved under \"entp\"")
-    message(FATAL_ERROR "No configuration arrived: ${output}")
+    message(FATAL_ERROR "The host received no configuration: ${output}")
 endif()

@@ -24,7 +24,7 @@ using Quenda::Kit::Logger;
 namespace {
 
 // The exit statuses, besides 0.
-constexpr int notFound = 1;
+constexpr int failed = 1;
 constexpr int wrongUsage = 2;
 
 int fail(int status, const QString &text)
@@ -38,7 +38,7 @@ int print(const QByteArray &bytes)
     const auto size = static_cast<std::size_t>(bytes.size());
     const bool written =
         std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0;
-    return written ? 0 : fail(notFound, QStringLiteral("cannot write to standard output"));
+    return written ? 0 : fail(failed, QStringLiteral("cannot write to standard output"));
 }
 
 QString allProducts()
@@ -59,7 +59,7 @@ int printEntry(const QString &name, const AbstractDataSafe &store)
     bool found = false;
     const QString value = store.getString(name, &found);
     if (!found)
-        return fail(notFound, QStringLiteral("unknown entry \"%1\"").arg(name));
+        return fail(failed, QStringLiteral("unknown entry \"%1\"").arg(name));
     return print(value.toUtf8() + '\n');
 }
 
@@ -76,7 +76,7 @@ int printDocument(const QString &document, const QString &product, const Abstrac
     // The store has only the entries; the document itself is in the library's resources.
     QFile file(QStringLiteral(":/widgets/%1/confs.xml").arg(product.toLower()));
     if (!file.open(QIODevice::ReadOnly))
-        return fail(notFound, QStringLiteral("%1 has no entry document").arg(product));
+        return fail(failed, QStringLiteral("%1 has no entry document").arg(product));
     return print(file.readAll());
 }
 
@@ -116,8 +116,8 @@ int run(const QStringList &arguments)
     const QString product = parser.positionalArguments().constFirst();
     const boost::shared_ptr<AbstractDataSafe> store = startUp(product);
     if (!store)
-        return fail(notFound, QStringLiteral("product \"%1\" has no configuration; use one of: %2")
-                                  .arg(product, allProducts()));
+        return fail(failed, QStringLiteral("product \"%1\" has no configuration; use one of: %2")
+                                .arg(product, allProducts()));
     if (parser.isSet(entry))
         return printEntry(parser.value(entry), *store);
     if (parser.isSet(document))

@@ -83,19 +83,19 @@ private Q_SLOTS:
         setDefaultLogger(LogLevel::Warning, previous);
         QCOMPARE(report, uR"(Configuration of odd
 
-Entry            Value      Read as
-maxPieceCount    many       number
-importFormats    dxf, aama  list
-cncEnabled       True       flag
-quenda_file_key  k          text
+Entry            Value      Read as  For
+maxPieceCount    many       number   greatest number of pieces; -1: no limit
+importFormats    dxf, aama  list     formats offered for import
+cncEnabled       True       flag     CNC output
+quenda_file_key  k          text     key of the host's document files
 
 Document  Size     For
 tools     0 bytes  tool boxes, keypad and tool bars
 menus     2 bytes  the menu bar
 )"_s);
         QCOMPARE(warnings.lines,
-                 (QStringList {uR"(entry "maxPieceCount" holds "many", which is no number)"_s,
-                               uR"(entry "cncEnabled" holds "True", which is no flag)"_s}));
+                 (QStringList {uR"(the value of entry "maxPieceCount" is not a number: "many")"_s,
+                               uR"(the value of entry "cncEnabled" is not a flag: "True")"_s}));
     }
 
     void outputThatCannotBeWritten()

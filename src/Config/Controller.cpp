@@ -17,7 +17,7 @@ namespace Quenda::Help {
 namespace {
 
 // The key of the host's document files, for every product.
-constexpr char fileKey[] = "0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk";
+constexpr char fileKeyText[] = "0vcJ6E2lOiep7teC09XKTqftbNv8oBDjIE1CJOsKMkTxQEE5/24oiEy2TUjBihvk";
 
 QString resourcePath(const QString &pattern, ConnectorImpl *connector)
 {
@@ -58,7 +58,7 @@ boost::shared_ptr<AbstractDataSafe> createDataSafe()
                      resourcePath(QStringLiteral(":/widgets/%1/menus.xml"), connector)))
         return {};
     putEntries(*store, resourcePath(QStringLiteral(":/widgets/%1/confs.xml"), connector));
-    store->put(EntryNames::fileKey(), QLatin1String(fileKey));
+    store->put(EntryNames::fileKey(), QLatin1String(fileKeyText));
     return store;
 }
 

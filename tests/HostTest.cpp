@@ -73,7 +73,7 @@ private Q_SLOTS:
         store.put(u"maxPieceCount"_s, u"many"_s);
         store.put(u"importFormats"_s, u"dxf  aama"_s);
         store.put(u"cncEnabled"_s, u"True"_s);
-        store.put(u"quenda_file_key"_s, u"k"_s);
+        store.put(u"quenda_file_key"_s, u"ke"_s);
         store.put(u"notRead"_s, u"1"_s);
         store.put(u"menubar"_s, u"\u00e9"_s);
 
@@ -87,7 +87,7 @@ Entry            Value      Read as  For
 maxPieceCount    many       number   greatest number of pieces; -1: no limit
 importFormats    dxf, aama  list     formats offered for import
 cncEnabled       True       flag     CNC output
-quenda_file_key  k          text     key of the host's document files
+quenda_file_key  ke         text     key of the host's document files
 
 Document  Size     For
 tools     0 bytes  tool boxes, keypad and tool bars

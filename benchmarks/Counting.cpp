@@ -31,8 +31,8 @@ void stopCounting(benchmark::State &state, int items)
 {
     if (!isCounting())
         return;
-    // A program cannot ask callgrind for its count; but each dump is a file of its own, complete
-    // when the request returns.
+    // A program cannot ask callgrind for its count. But each dump is written to a new file, which
+    // is complete when the request returns.
     CALLGRIND_DUMP_STATS;
     static int dumps = 0;
     QFile dump(

@@ -7,34 +7,34 @@
 
 using Body = std::function<void(benchmark::State &)>;
 
-/** Of a figure whose ratio is only reported. */
+/** The limit of a figure whose ratio is only reported. */
 constexpr double noLimit = 0;
 
 /**
- * Registers a benchmark and its baseline: the same job, done in the way that takes least. The end
- * of the run sets them in relation.
+ * Registers a benchmark and its baseline: the same job, done as cheaply as possible. The table at
+ * the end of the run contains their ratio.
  *
- * @param limit  The greatest ratio of their instructions that is good enough, or noLimit. Only what
- * has a limit is counted; times are never limited.
- * @param configure  Applied to both in the place of UseRealTime() when times are measured.
+ * @param limit  The greatest accepted ratio of instructions, or noLimit. Only figures with a limit
+ * are counted. Times have no limit.
+ * @param configure  Called for both, instead of UseRealTime(), if times are measured.
  */
 void addFigure(const std::string &name, double limit, const Body &code, const Body &baseline,
                const std::function<void(benchmark::internal::Benchmark *)> &configure = {});
 
-/** Whether the program runs in callgrind, where instructions are counted and no times measured. */
+/** True in callgrind, where instructions are counted instead of times. */
 bool isCounting();
 
-/** What runs from here on is counted. No effect unless isCounting(). */
+/** Starts counting. No effect unless isCounting(). */
 void startCounting();
 
-/** Leaves out what runs until resumeCounting(), of the instructions and of the times. */
+/** Excludes everything until resumeCounting() from instructions and times. */
 void pauseCounting(benchmark::State &state);
 void resumeCounting(benchmark::State &state);
 
-/** Ends that, and notes the instructions of one item in @p state, as its only counter. */
+/** Stops counting, and stores the instructions of one item in @p state as its only counter. */
 void stopCounting(benchmark::State &state, int items);
 
-/** Runs @p once as often as wanted and counts it, without what its caller has prepared. */
+/** Runs and counts @p once, as often as @p state asks for, without the caller's preparations. */
 template <typename Once>
 void repeat(benchmark::State &state, Once once, int items = 1)
 {
@@ -45,7 +45,7 @@ void repeat(benchmark::State &state, Once once, int items = 1)
     state.SetItemsProcessed(state.iterations() * items);
 }
 
-/** The same, without what @p prepare does before each. */
+/** The same, but runs @p prepare before each, which is not counted. */
 template <typename Prepare, typename Once>
 void repeatPrepared(benchmark::State &state, Prepare prepare, Once once, int items)
 {

@@ -4,7 +4,7 @@
 
 namespace {
 
-// In a process of its own each time, since a library that was loaded once stays warm.
+// Each time in a new process, because a second loading in the same process is faster.
 Body loading(const QString &library)
 {
     return [library](benchmark::State &state) {

@@ -24,7 +24,7 @@ QString aRecord()
     return QStringLiteral("a record of an ordinary length, as applications write them");
 }
 
-// As large as a record, and with the same to construct and destroy.
+// Of the size of a record, and with the same data to construct and destroy.
 class BareEvent : public QEvent
 {
 public:
@@ -35,7 +35,7 @@ public:
 };
 static_assert(sizeof(BareEvent) == sizeof(LogEvent));
 
-// A call, as a function that a library exports is one.
+// Not inlined, as a function of a library.
 [[gnu::noinline]] void postBare(QObject *receiver, const QString &text)
 {
     QCoreApplication::postEvent(receiver, new BareEvent(text));
@@ -54,7 +54,7 @@ void write(const QString &text, NullComposer *composer)
     composer->stream.str(std::string());
 }
 
-// Writes what it is sent, whatever it is.
+// Writes every event that it receives.
 class BareReceiver : public QObject
 {
 public:
@@ -84,7 +84,7 @@ void addPosting(int threads)
     };
     addFigure("logErr, threads: " + std::to_string(threads), threads == 1 ? 1.05 : noLimit, code,
               baseline, [threads](benchmark::internal::Benchmark *one) {
-                  // Nothing is delivered meanwhile, so the number of records is limited.
+                  // Nothing is delivered in the meantime, so the number of records is limited.
                   one->UseRealTime()->Threads(threads)->Iterations(400000 / threads);
               });
 }
@@ -141,8 +141,8 @@ void addWholeWay()
     };
     addFigure("record to line", noLimit, code, baseline);
 
-    // The same number of records through an asynchronous logger with a thread of its own, until the
-    // last has arrived.
+    // The same number of records through an asynchronous logger with its own thread, until the last
+    // record is written.
     const auto other = [text](benchmark::State &state) {
         const std::string line = text.toStdString();
         const auto logAll = [&line] {

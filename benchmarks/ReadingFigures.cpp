@@ -24,7 +24,8 @@ QString readText(const QString &path)
 
 using Entries = QMap<QString, QString>;
 
-// A product's entries, in a map that has grown in the order in which a copy of it does.
+// A product's entries. Inserted in ascending order, as into the store, so that both maps have the
+// same shape.
 Entries someEntries()
 {
     AppDataParser parser;
@@ -36,7 +37,7 @@ Entries someEntries()
     return entries;
 }
 
-// A call, as a function that a library exports is one: a single search, the text and the flag.
+// Not inlined, as a function of a library: one search, which returns the text and the flag.
 [[gnu::noinline]] QString find(const Entries &entries, const QString &name, bool &ok)
 {
     const auto entry = entries.constFind(name);
@@ -44,7 +45,7 @@ Entries someEntries()
     return ok ? *entry : QString();
 }
 
-// A getter of a store, against the same from a bare map.
+// A getter of a store. The baseline reads from a bare map.
 template <typename Getter, typename Conversion>
 void addGetter(const char *getterName, const QString &name, Getter getter, Conversion conversion)
 {
@@ -54,7 +55,7 @@ void addGetter(const char *getterName, const QString &name, Getter getter, Conve
         for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry)
             filled.put(entry.key(), entry.value());
         const AbstractDataSafe *store = &filled;
-        benchmark::DoNotOptimize(store); // as a host sees it, which does not know the class
+        benchmark::DoNotOptimize(store); // hosts do not know the class
         repeat(state, [&] {
             bool ok = false;
             benchmark::DoNotOptimize((store->*getter)(name, &ok));

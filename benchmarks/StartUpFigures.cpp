@@ -27,7 +27,7 @@ QString path(const QString &product, const char *document)
     return QStringLiteral(":/widgets/%1/%2.xml").arg(product, QLatin1String(document));
 }
 
-// In the same way as the library: up to the first zero byte.
+// As the library does: up to the first zero byte.
 QString readText(const QString &path)
 {
     QFile file(path);
@@ -35,7 +35,7 @@ QString readText(const QString &path)
     return QString::fromUtf8(file.readAll().constData());
 }
 
-// Reads the tool and the menu document, and then the entries in the way given.
+// Reads the tool and the menu document, and then the entries with the given function.
 template <typename Entries>
 Body reading(const QString &product, Entries entries)
 {
@@ -77,7 +77,7 @@ void addStartUp(const QString &product)
     addFigure("startUp " + product.toStdString(), 1.05, code, baseline(product));
 }
 
-// A product's entries as an INI file, in more copies than QSettings keeps in mind.
+// A product's entries as INI files: more of them than QSettings caches.
 class IniFiles
 {
 public:
@@ -103,7 +103,7 @@ private:
     int last = 0;
 };
 
-// What else there is for the same job.
+// Alternatives for the same job.
 void addOthers(const QString &product)
 {
     const auto files = std::make_shared<IniFiles>(product);

@@ -1,5 +1,4 @@
-// Loads the library named and prints how many seconds that took. Qt is loaded already, as in a
-// host.
+// Loads a library and prints how many seconds that took. Qt is already loaded, as in a host.
 
 #include <QDomDocument>
 
@@ -13,7 +12,7 @@ int main(int argc, char *argv[])
     const QDomDocument loadsQtXml;
     if (argc != 2)
         return 2;
-    // Lazily bound, as the dynamic linker and QLibrary do.
+    // With lazy binding, as the dynamic linker and QLibrary do.
     const auto start = std::chrono::steady_clock::now();
     const void *library = dlopen(argv[1], RTLD_LAZY | RTLD_LOCAL);
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;

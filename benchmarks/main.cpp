@@ -1,5 +1,5 @@
-// Runs all figures and ends with a table of the ratios between each and its baseline in the same
-// run: of times, or in callgrind of instructions, whose ratios are not to pass their limits.
+// Runs all figures, and prints a table with the ratio of each figure to its baseline: of times, or
+// in callgrind of instructions. Fails if a ratio of instructions exceeds its limit.
 
 #include "Figures.h"
 
@@ -30,7 +30,7 @@ std::string baselineOf(const std::string &name)
     return name + " (baseline)";
 }
 
-// Shows the runs as usual and keeps what one item takes: instructions, or the median of the
+// Prints the runs as usual, and stores the cost of one item: instructions, or the median of the
 // seconds.
 class Reporter : public benchmark::ConsoleReporter
 {
@@ -73,7 +73,7 @@ void printTimes(const std::map<std::string, double> &values)
     }
 }
 
-// Whether every figure was counted and keeps its limit.
+// Returns true if every figure was counted and is within its limit.
 bool printInstructions(const std::map<std::string, double> &values)
 {
     bool allKept = true;
@@ -102,13 +102,13 @@ void addFigure(const std::string &name, double limit, const Body &code, const Bo
         return;
     figures().push_back({name, limit});
     const std::string baselineName = baselineOf(name);
-    // Older releases of Google Benchmark take a text of C.
+    // Older releases of Google Benchmark need a C string.
     // NOLINTBEGIN(readability-redundant-string-cstr)
     for (auto *one : {benchmark::RegisterBenchmark(name.c_str(), code),
                       benchmark::RegisterBenchmark(baselineName.c_str(), baseline)}) {
         // NOLINTEND(readability-redundant-string-cstr)
         if (isCounting())
-            one->Iterations(500)->Repetitions(2); // once to warm up: the last one stays
+            one->Iterations(500)->Repetitions(2); // the first one warms up, the last one counts
         else if (configure)
             configure(one);
         else
@@ -135,7 +135,7 @@ int main(int argc, char *argv[])
     }
     if (const std::string filter = benchmark::GetBenchmarkFilter(); !filter.empty())
         benchmark::RunSpecifiedBenchmarks(&reporter, filter);
-    else // one after the other: a large document leaves a heap behind that slows the small ones
+    else // one by one: after a large document, the state of the heap slows the small ones down
         for (const Figure &figure : figures())
             benchmark::RunSpecifiedBenchmarks(&reporter, '^' + figure.name + "( .baseline.)?/");
     printTimes(reporter.values);

@@ -1,5 +1,5 @@
-// Fuzzes all that reads documents. Nothing may crash, everything stands where it is said to, and a
-// document in which the checker finds no error is taken by everyone as it was judged.
+// Fuzzes everything that reads documents. Nothing may crash, positions must be right, and a
+// document in which the checker finds no error must be read, built and shown as it is written.
 
 #include "Mutator.h"
 
@@ -43,8 +43,8 @@ void require(bool condition, const char *what, const QString &name = QString())
 
 void failAtMessage(QtMsgType, const QMessageLogContext &, const QString &message)
 {
-    // Said of the missing desktop, of odd encodings, which are errors anyway, and of pictures that
-    // only the host has.
+    // Messages about the missing desktop, about encodings, which are errors anyway, and about
+    // pictures that only the host has.
     const bool isMeant = message.startsWith(QLatin1String("This plugin does not support"))
                          || message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"))
                          || message.startsWith(QLatin1String("codecForName: "))
@@ -53,7 +53,7 @@ void failAtMessage(QtMsgType, const QMessageLogContext &, const QString &message
         fail(QStringLiteral("no message from Qt: ") + message);
 }
 
-// Every place within the text, and at what it belongs to.
+// Every position is inside the text, and what belongs there is there.
 void checkPlaces(const QString &content, const XmlElement &element)
 {
     const auto stands = [&content](const QString &text, int offset) {
@@ -79,7 +79,7 @@ void checkPlaces(const XmlDocument &xml, const QVector<Finding> &findings)
         require(line >= 1 && line <= lines.size() && column >= 1
                     && column <= lines.at(line - 1).size() + 1,
                 "the place of the finding:", finding.text);
-        // An offset beyond the text would be taken for its end, too.
+        // An offset after the end of the text has the position of its end, too.
         require(!xml.error.text.isEmpty() || line < lines.size()
                     || column <= lines.constLast().toUcs4().size(),
                 "something at the place of the finding:", finding.text);
@@ -91,17 +91,18 @@ void checkSchema(const Document &document)
     static SchemaValidator validator;
     Findings prolog(document);
     checkProlog(document, prolog);
-    if (!prolog.list.isEmpty()) // which no schema sees, and not every parser lets pass
+    if (!prolog.list.isEmpty()) // no schema checks it, and not every parser accepts it
         return;
     Findings shape(document);
     checkShape(document, shape);
-    // Nor does a schema see which declarations of namespaces there are.
+    // A schema does not check the declarations of namespaces either.
     const bool isNamespace =
         std::any_of(shape.list.begin(), shape.list.end(), [](const Finding &finding) {
             return finding.text.contains(QLatin1String("xmlns"));
         });
     const bool isRight = shape.list.isEmpty();
-    require(isNamespace || validator.accepts(*document.format, document.xml.text.toUtf8()) == isRight,
+    require(isNamespace
+                || validator.accepts(*document.format, document.xml.text.toUtf8()) == isRight,
             "the schema of one mind with the checker, which says:",
             isRight ? QStringLiteral("right") : shape.list.constFirst().text);
 }
@@ -117,7 +118,7 @@ void checkEntries(const XmlDocument &xml)
     require(parser.result() == entries, "the application reads the same entries");
 }
 
-// The properties of a menu or an action are what the document sets them to.
+// The properties of a menu or an action have the values of the document.
 void checkProperties(const QObject &object, const XmlElement &element)
 {
     const XmlElement *visible = propertyOf(element, QStringLiteral("visible"));
@@ -129,13 +130,13 @@ void checkProperties(const QObject &object, const XmlElement &element)
             continue;
         const XmlElement &value = property.children.front();
         const QVariant actual = object.property(qPrintable(name));
-        bool isSame = true; // or not easily compared
+        bool isSame = true; // also if it is hard to compare
         if (value.is("bool"))
             isSame = actual.toBool() == (value.text == QLatin1String("true"));
         else if (actual.userType() == QMetaType::QKeySequence)
             isSame = actual.value<QKeySequence>() == QKeySequence::fromString(value.text);
         else if (value.is("string"))
-            // Without a tool tip, Qt shows the text; and it drops blanks beside a comment.
+            // Without a tool tip, Qt shows the text. It drops spaces next to a comment.
             isSame =
                 actual.toString().simplified() == value.text.simplified() || value.text.isEmpty();
         require(isSame, "the property", element.value("name") + QLatin1Char('.') + name);
@@ -181,7 +182,7 @@ void checkMenus(const Document &document)
     }
 }
 
-// The tools of a box that can be seen in a state, in the order of the document.
+// The tools of a box that are visible in a state, in the order of the document.
 QStringList toolsOf(const XmlElement &box, const HostState &state)
 {
     QStringList tools;
@@ -203,7 +204,7 @@ QStringList toolsOf(const QDockWidget &dock)
     return tools;
 }
 
-// Those for which there is no room can be opened.
+// The user can open those that do not fit.
 QStringList toolsOf(const QToolBar &bar)
 {
     const auto actions = bar.actions();
@@ -221,7 +222,7 @@ void checkTools(Document document, const HostState &state)
         {},
         XmlDocument::fromBytes("<ui version=\"4.0\"><class>menubar</class>"
                                "<widget class=\"QMenuBar\" name=\"menubar\"/></ui>")};
-    // A style sheet may ask for a button that does not fit into the memory.
+    // A style sheet may define a button that is too large for the memory.
     for (XmlElement &box : document.xml.root.children)
         for (XmlAttribute &attribute : box.attributes)
             if (attribute.name == QLatin1String("button-style"))
@@ -245,7 +246,7 @@ void checkTools(Document document, const HostState &state)
     require(docks.isEmpty() && bars.isEmpty(), "no other panel");
 }
 
-// What holds of a document in which no error was found.
+// Checks a document in which the checker found no error.
 void checkCorrect(const Documents &documents, const HostState &state)
 {
     outlineOf(documents);
@@ -261,7 +262,7 @@ void checkCorrect(const Documents &documents, const HostState &state)
 
 } // namespace
 
-// What Qt's fonts keep to the end.
+// Fontconfig does not free its data at the end.
 extern "C" const char *__lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier)
 {
     return "leak:libfontconfig.so\n";
@@ -272,14 +273,14 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(failAtMessage);
-    static const auto *application = new QApplication(*argc, *argv); // whose end leaks
+    static const auto *application = new QApplication(*argc, *argv); // its destructor leaks
     Q_UNUSED(application)
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    // One product and one state an input, by its size, as all of them would take too long.
+    // One product and one state for each input, chosen by its size; all would take too long.
     const QString product =
         QStringList {QString(), QStringLiteral("lorvan"), QStringLiteral("tesmar")}.at(size % 3);
     const QVector<HostState> states = statesToShow(product);

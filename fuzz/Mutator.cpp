@@ -13,7 +13,7 @@ extern "C" size_t LLVMFuzzerMutate(uint8_t *data, size_t size, size_t maxSize);
 
 namespace {
 
-// The elements of a text, each with all that it holds, as far as they are well-formed.
+// The well-formed elements of a text, each with its contents.
 QVector<QStringRef> elementsOf(const QString &text)
 {
     static const QRegularExpression tag(
@@ -33,7 +33,7 @@ QVector<QStringRef> elementsOf(const QString &text)
     return elements;
 }
 
-// Attributes' values, and texts.
+// The values of attributes, and the texts.
 QVector<QStringRef> valuesOf(const QString &text)
 {
     static const QRegularExpression value(
@@ -46,7 +46,7 @@ QVector<QStringRef> valuesOf(const QString &text)
     return values;
 }
 
-// An arbitrary value, which often is a word of the dictionary.
+// An arbitrary value, often a word of the dictionary.
 QString changed(const QString &value)
 {
     QByteArray bytes = value.toLatin1();
@@ -57,13 +57,13 @@ QString changed(const QString &value)
     return QString::fromLatin1(bytes.constData(), static_cast<int>(newSize));
 }
 
-// Like a slip of someone who edits it: one element removed, copied or moved, or one value changed.
+// Like a mistake of a person: one element removed, copied or moved, or one value changed.
 QString edited(QString text, std::minstd_rand &random)
 {
     const auto below = [&random](int limit) {
         return static_cast<int>(random() % static_cast<unsigned>(limit));
     };
-    const QString before = text; // to which the parts belong
+    const QString before = text; // the parts refer to it
     const bool isElement = below(2) == 0;
     const QVector<QStringRef> parts = isElement ? elementsOf(before) : valuesOf(before);
     if (parts.isEmpty())
@@ -81,7 +81,7 @@ QString edited(QString text, std::minstd_rand &random)
     }
     const QString value = part.toString();
     const QString newValue = what == 0 ? other.toString() : changed(what == 1 ? value : QString());
-    if (below(2) == 0) // wherever it is named
+    if (below(2) == 0) // everywhere
         return text.replace(QLatin1Char('"') + value + QLatin1Char('"'),
                             QLatin1Char('"') + newValue + QLatin1Char('"'));
     return text.replace(part.position(), part.size(), newValue);

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-// How libFuzzer changes documents: as people do, because changes of bytes alone seldom leave one
-// well-formed. Every fourth time it begins with one of those remembered here, as errors lead to
-// more code and would crowd out the correct ones.
+// libFuzzer changes documents here as people do, because a document is rarely well-formed after
+// changes of single bytes. One time in four it starts with a document that is remembered here:
+// documents with errors reach more code and would displace the correct ones.
 void rememberCorrect(const QByteArray &document);

@@ -17,7 +17,7 @@ using Help::AbstractConnector;
 using Help::AbstractDataSafe;
 using Kit::DomVisitor;
 
-// What applications have compiled in: sizes, and which interfaces have a destructor slot.
+// Applications depend on the sizes, and on which interfaces have a virtual destructor.
 static_assert(std::is_same_v<std::underlying_type_t<DomVisitor::VisitCmd>, qint32>);
 static_assert(DomVisitor::Continue == 0 && DomVisitor::Stop == 1 && DomVisitor::SkipChildren == 2);
 static_assert(sizeof(LogLevel) == 4);
@@ -32,7 +32,7 @@ static_assert(std::is_empty_v<Kit::Utils>);
 static_assert(!std::has_virtual_destructor_v<AbstractDataSafe>);
 static_assert(!std::has_virtual_destructor_v<AbstractConnector>);
 static_assert(!std::has_virtual_destructor_v<DomVisitor>);
-// Nobody deletes or assigns through the interfaces, and there is no second controller or logger.
+// Nobody can delete or assign through the interfaces, or make a second controller or logger.
 static_assert(!std::is_destructible_v<AbstractDataSafe>);
 static_assert(!std::is_destructible_v<AbstractConnector>);
 static_assert(!std::is_copy_assignable_v<AbstractDataSafe>);
@@ -42,8 +42,8 @@ static_assert(!std::is_default_constructible_v<Kit::Logger>);
 
 namespace {
 
-// In the Itanium C++ ABI, a pointer to a virtual member function holds the slot's offset and a bit
-// that marks it as virtual: in the same word, or on ARM in the other one.
+// In the Itanium C++ ABI, a pointer to a virtual member function contains the offset of its slot
+// and a bit that marks it as virtual: in the same word, or on ARM in the other one.
 template <typename MemberFunction>
 int slotOf(MemberFunction function)
 {
@@ -63,7 +63,7 @@ struct Visitor : DomVisitor
     using DomVisitor::onVisitStarted;
 };
 
-// A further virtual function stands behind the last slot of its base.
+// The slot of another virtual function comes after the last slot of its base.
 template <typename Base>
 struct Extended : Base
 {

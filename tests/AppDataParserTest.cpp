@@ -68,7 +68,7 @@ private Q_SLOTS:
         QCOMPARE(result.value(u"b"_s), u"1"_s);
         QCOMPARE(parser.error(), message);
 
-        // A text that does not parse is not walked, so the entries stay.
+        // A text that does not parse is not walked, so the entries remain.
         QVERIFY(parser.visit(u"<q></r>"_s) != message);
         QCOMPARE(result.size(), 1);
         QVERIFY(parser.error() != message);

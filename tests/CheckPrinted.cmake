@@ -1,4 +1,4 @@
-# Compares what a program prints with the committed file. With RENEW, writes the file instead.
+# Compares what a program prints with the committed file. With RENEW, updates the file instead.
 
 separate_arguments(arguments UNIX_COMMAND "${ARGUMENTS}")
 execute_process(
@@ -18,6 +18,6 @@ execute_process(
     OUTPUT_VARIABLE difference
     RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
-    message(NOTICE "${difference}") # as it is: other messages lose their blanks
+    message(NOTICE "${difference}") # other kinds of messages lose spaces
     message(FATAL_ERROR "${FILE} differs. If this is meant: cmake --build ... --target ${TARGET}")
 endif()

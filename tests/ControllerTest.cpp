@@ -18,7 +18,7 @@ using Quenda::Help::Controller;
 
 namespace {
 
-// Answers with another id each time it is asked (the last one from then on), and counts.
+// Returns the next id at each call, then always the last one, and counts the calls.
 class Connector : public Quenda::ConnectorImpl
 {
 public:
@@ -65,7 +65,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("products");
         QTest::addColumn<QString>("entry");
-        QTest::addColumn<QString>("value"); // null where there is no such entry
+        QTest::addColumn<QString>("value"); // null if there is no such entry
 
         const auto row = [](const char *name, const char *products, const char *entry,
                             const QString &value) {
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QCOMPARE(connector.handedOver, 1);
     }
 
-    // A store that nobody released would still hold its documents.
+    // A store that is not released still has the memory of its documents.
     void everyStoreIsReleased()
     {
         const auto startUp = [](const QString &products, int failAt) {
@@ -182,7 +182,7 @@ private Q_SLOTS:
         };
         std::size_t inUse = 0;
         for (int round = 0; round < 2; ++round) {
-            inUse = mallinfo2().uordblks; // in the end, without what is made once in a process
+            inUse = mallinfo2().uordblks; // in the second round, without what a process makes once
             startUp(u"lorvan"_s, 0);
             startUp(u"lorvan"_s, 3);
             startUp(u"lorvan none"_s, 0);

@@ -31,7 +31,7 @@ struct Overriding : DataSafe
     bool found = true;
 };
 
-// What a getter returns, and its flag, which must not depend on what it was before.
+// Returns a getter's result and its flag, which must not depend on its earlier value.
 template <typename Result>
 QPair<Result, bool> read(const AbstractDataSafe &store,
                          Result (AbstractDataSafe::*getter)(const QString &, bool *) const)
@@ -142,7 +142,7 @@ private Q_SLOTS:
     {
         Overriding store;
         QCOMPARE(store.getStringList(name), QStringList(u"2"_s));
-        QCOMPARE(store.getInt(name), 2); // not by way of the overridden getDouble()
+        QCOMPARE(store.getInt(name), 2); // does not call the overridden getDouble()
         QCOMPARE(store.DataSafe::getDouble(name), 2.0);
         QCOMPARE(read(store, &AbstractDataSafe::getBool), qMakePair(false, false));
 

@@ -10,14 +10,15 @@ using Quenda::Kit::DomVisitor;
 
 namespace {
 
-// Besides the commands: what a handler can do instead of answering.
+// What a handler can do instead of returning a command.
 constexpr int throwException = 100;
 constexpr int throwInt = 101;
 
-// Answers by handler and tag name, such as "+b" for entering <b> and "-b" for leaving it.
+// Results by handler and tag name, such as "+b" before the children of <b> and "-b" after them.
 using Answers = QMap<QString, int>;
 
-// Writes down every call: "*" a walk starts, "+" and "-" an element, "=" the end, "!" an error.
+// Records every call: "*" is the start of a walk, "+" and "-" an element, "=" the end, "!" an
+// error.
 class Recorder : public DomVisitor
 {
 public:
@@ -134,8 +135,7 @@ private Q_SLOTS:
         QCOMPARE(none.calls.join(u' '), u"* =0"_s);
     }
 
-    // Levels further out must neither swallow what onError() throws nor report it as another
-    // exception.
+    // Outer levels must not catch what onError() throws, and not report it as another exception.
     void exceptionFromTheErrorHandlerPassesThrough()
     {
         Recorder visitor({{u"+c"_s, throwInt}, {u"!"_s, 0}});

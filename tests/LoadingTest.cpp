@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QTest>
 
-// Does not link the library: loads it like a plug-in.
+// Does not link the library, but loads it like a plug-in.
 class LoadingTest : public QObject
 {
     Q_OBJECT
@@ -33,12 +33,12 @@ private Q_SLOTS:
         init();
         const QString text(20, u'x');
         logErr(text);
-        QVERIFY(!text.isDetached()); // shared by the record, which waits
+        QVERIFY(!text.isDetached()); // the waiting record shares its data
 
         QVERIFY(library.unload());
         QVERIFY(!QFile::exists(path));
         QVERIFY(!madeOnce);
-        QVERIFY(text.isDetached()); // the logger went, and took the record along
+        QVERIFY(text.isDetached()); // the logger is destroyed, and the record with it
     }
 };
 

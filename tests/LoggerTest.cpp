@@ -24,8 +24,8 @@ using Quenda::Kit::Logger;
 
 namespace {
 
-// Takes the place of the framework's composer for one severity while it lives. Writes each line
-// with the severity's number in front.
+// Replaces the framework's composer for one severity until it is destroyed. Writes each line with
+// the number of the severity in front.
 class Composer : public TextLineComposer<char>
 {
 public:
@@ -51,8 +51,8 @@ private:
     QStringList *written;
 };
 
-// Runs after the logger and all that the tests made is destroyed. Until then, a record may have to
-// be written.
+// Runs after the logger and everything of the tests is destroyed. Until then, the framework may
+// have to write a record.
 void writeLastLine()
 {
     DefaultLogger(LogLevel::Debug)->writeLine("the last line");
@@ -74,7 +74,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         Logger::init();
-        // Comes too late to decide the logger's thread.
+        // Too late: the logger already has a thread.
         std::thread([] { Logger::instance(); }).join();
         QCOMPARE(Logger::instance()->thread(), QThread::currentThread());
     }
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QVERIFY(errors.atLineStart);
     }
 
-    // In a process of its own, which must not survive.
+    // In a separate process, which must end.
     void lineThatCannotBeWritten()
     {
         struct Throwing : TextLineComposer<char>
@@ -181,7 +181,7 @@ private Q_SLOTS:
 
     void otherEventsAreConsumed()
     {
-        // A record's number and members, but not its type.
+        // It has the number and the members of a record, but not its type.
         struct Impostor : QEvent
         {
             Impostor() : QEvent(static_cast<QEvent::Type>(1000)) { }
@@ -200,7 +200,7 @@ private Q_SLOTS:
         QCOMPARE(static_cast<int>(LogEvent(LogLevel::Error, QString()).type()), 1000);
     }
 
-    // The logger's thread is busy joining the others until all have posted.
+    // The logger's thread joins the others, so it writes nothing until all have posted.
     void manyThreads()
     {
         constexpr int threads = 8;

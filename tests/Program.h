@@ -3,7 +3,7 @@
 #include <QProcess>
 #include <QTest>
 
-/** What became of a program. */
+/** The result of a program. */
 struct Outcome
 {
     int status = -1;
@@ -29,7 +29,7 @@ inline Outcome run(const char *path, const QStringList &arguments)
     return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
 }
 
-/** The exit status where nothing can be written to standard output. */
+/** The exit status if the program cannot write to standard output. */
 inline int statusWithoutOutput(const char *path, const QStringList &arguments)
 {
     QProcess program;
@@ -38,7 +38,8 @@ inline int statusWithoutOutput(const char *path, const QStringList &arguments)
     return program.exitCode();
 }
 
-/** Adds a row to a table of command lines; the error is a part of the one line that there is. */
+/** Adds a row to a table of command lines. The error is a part of the program's one line of errors.
+ */
 inline void commandLineRow(const char *arguments, int status, const char *output, const char *error)
 {
     QTest::newRow(arguments) << status << QByteArray(output) << QByteArray(error);

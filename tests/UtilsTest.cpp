@@ -20,7 +20,7 @@ private Q_SLOTS:
         QTest::newRow("no bytes") << QByteArray() << QByteArray();
         QTest::newRow("both safe characters") << QByteArray("\xfb\xff") << QByteArray("-_8=");
         QTest::newRow("two to fill") << QByteArray("\xff") << QByteArray("_w==");
-        // More than a line of a format that breaks lines.
+        // Longer than a line of formats that break lines.
         QTest::newRow("long") << QByteArray(300, '\0') << QByteArray(400, 'A');
     }
 
@@ -103,7 +103,7 @@ private Q_SLOTS:
             const int before = QTime::currentTime().msec();
             const int result = Utils::rand();
             if (QTime::currentTime().msec() != before)
-                continue; // which of the two it was cannot be known
+                continue; // either millisecond may have been used
             QT_WARNING_PUSH
             QT_WARNING_DISABLE_DEPRECATED
             qsrand(static_cast<uint>(before));

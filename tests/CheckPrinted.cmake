@@ -11,10 +11,9 @@ if(RENEW)
     return()
 endif()
 
-cmake_path(GET FILE FILENAME name)
-file(WRITE "${name}.printed" "${printed}")
+file(WRITE "${NAME}.printed" "${printed}")
 execute_process(
-    COMMAND "${DIFF}" -u --label "expected" --label "printed" "${FILE}" "${name}.printed"
+    COMMAND "${DIFF}" -u --label "expected" --label "printed" "${FILE}" "${NAME}.printed"
     OUTPUT_VARIABLE difference
     RESULT_VARIABLE status)
 if(NOT status EQUAL 0)

@@ -2,6 +2,7 @@
 
 #include "PreviewWindow.h"
 #include "format/Format.h"
+#include "surface/Picture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -9,26 +10,32 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QDockWidget>
+#include <QLabel>
 #include <QListWidget>
 #include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 
 #include <cstdio>
+#include <filesystem>
+#include <memory>
 
 using namespace Quenda::Workbench;
 
 namespace {
 
-// The documents of tesmar in a folder, where they may be written.
+// The place of a copy of tesmar's documents.
 Place copyInto(const QString &folder)
 {
     QString error;
     const Place builtIn = Place::find(QStringLiteral("tesmar"), &error).value();
     Place copy = builtIn;
     copy.folder = folder;
+    QDir().mkpath(folder);
     for (const Format *format : builtIn.formats) {
         QFile::copy(builtIn.pathOf(*format), copy.pathOf(*format));
         QFile::setPermissions(copy.pathOf(*format), QFile::ReadOwner | QFile::WriteOwner);
@@ -56,16 +63,15 @@ class Session : public QObject
     Q_OBJECT
 
 public:
-    explicit Session(const Place &place)
-        : window(place),
+    explicit Session(const Place &shownPlace)
+        : place(shownPlace),
           entries(place.pathOf(entryFormat())),
           tools(place.pathOf(toolFormat())),
           goodEntries(contentOf(entries)),
           goodTools(contentOf(tools))
     {
         QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
-        window.show();
-        (void)QTest::qWaitForWindowActive(&window);
+        openWindow({});
         std::printf("opened\n%s", qUtf8Printable(describe()));
     }
 
@@ -85,18 +91,63 @@ public:
                             .replace("columns=\"6\"", "columns=\"0\""));
         });
         step("to the findings with the keyboard", [this] {
-            window.findChild<QComboBox *>(QStringLiteral("presentation"))->setFocus();
-            while (!qobject_cast<QListWidget *>(QApplication::focusWidget()))
+            window->findChild<QComboBox *>(QStringLiteral("presentation"))->setFocus();
+            for (int i = 0; !findingsPane()->hasFocus(); ++i) {
+                if (i == 100)
+                    qFatal("the findings have no focus after %d times Tab", i);
                 press(Qt::Key_Tab);
+            }
             press(Qt::Key_Down);
         });
         step("activated", [this] { press(Qt::Key_Return); });
+        step("activated, and the desktop has no program for it", [this] {
+            QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+            press(Qt::Key_Return);
+        });
+        step("with an editor", [this] {
+            save(QStringLiteral("an editor"),
+                 "#!/bin/sh\nprintf '<%s> ' \"$@\" >new\nmv new seen\n");
+            QFile::setPermissions(QStringLiteral("an editor"), QFile::ReadOwner | QFile::ExeOwner);
+            openWindow(QStringLiteral("\"./an editor\" -l {line} {file}:{line}:{column}"));
+            activateFinding();
+        });
+        step("with one that does not exist", [this] {
+            QFile::remove(QStringLiteral("seen"));
+            openWindow(QStringLiteral("none {file}"));
+            activateFinding();
+        });
         step("mended", [this] { save(tools, goodTools); });
         step("without a warning", [this] { save(entries, goodEntries); });
         step("removed", [this] { QFile::remove(tools); });
         step("put back", [this] { save(tools, goodTools); });
+        step("folder removed", [this] { QDir(QStringLiteral("first")).removeRecursively(); });
+        step("folder put back", [] { copyInto(QStringLiteral("first")); });
+        step("saved there", [this] { save(tools, withTool("there")); });
+        step("folder renamed", [] { std::rename("first", "second"); });
+        step("another in its place", [] { copyInto(QStringLiteral("first")); });
+        step("saved in that", [this] { save(tools, withTool("that")); });
+        step("link switched", [] {
+            std::filesystem::create_symlink("second", "new");
+            std::rename("new", "a place");
+        });
+        step("saved behind the link", [this] { save(tools, goodTools); });
+        step("keypad moved",
+             [this] { surface()->addDockWidget(Qt::LeftDockWidgetArea, keypad()); });
+        step("saved with more columns",
+             [this] { save(tools, withTool("a").replace("columns=\"6\"", "columns=\"7\"")); });
+        step("tools floated", [this] {
+            auto *dock = window->findChild<QDockWidget *>(QStringLiteral("toolbox 1"));
+            dock->setFloating(true);
+            dock->move(33, 44);
+        });
+        step("saved", [this] { save(tools, withTool("zeroth")); });
+        step("moved back", [this] {
+            window->findChild<QDockWidget *>(QStringLiteral("toolbox 1"))->setFloating(false);
+            surface()->addDockWidget(Qt::RightDockWidgetArea, keypad());
+            window->activateWindow();
+        });
         step("another state", [this] {
-            window.findChild<QComboBox *>(QStringLiteral("state"))->setFocus();
+            window->findChild<QComboBox *>(QStringLiteral("state"))->setFocus();
             press(Qt::Key_Down);
         });
         step("keypad closed", [this] {
@@ -105,7 +156,7 @@ public:
                 ->click();
         });
         step("the next state", [this] {
-            window.findChild<QComboBox *>(QStringLiteral("state"))->setFocus();
+            window->findChild<QComboBox *>(QStringLiteral("state"))->setFocus();
             press(Qt::Key_Down);
         });
         step("saved", [this] { save(tools, withTool("fourth")); });
@@ -114,7 +165,16 @@ public:
             press(Qt::Key_Down);
         });
         step("saved", [this] { save(tools, withTool("fifth")); });
-        step("keypad opened", [this] { keypad()->toggleViewAction()->trigger(); });
+        step("keypad opened", [this] {
+            QMenu *panels = window->findChild<QPushButton *>()->menu();
+            panels->popup(QPoint());
+            const auto actions = panels->actions();
+            for (QAction *action : actions)
+                if (action->isVisible() && action->text() == QLatin1String("Keypad"))
+                    action->trigger();
+            panels->hide();
+            window->activateWindow();
+        });
         step("saved, and F5 before that is noticed", [this] {
             save(tools, withTool("sixth"));
             press(Qt::Key_F5);
@@ -129,6 +189,20 @@ public Q_SLOTS:
     void open(const QUrl &url) { opened = QLatin1String("opened ") + url.fileName(); }
 
 private:
+    void openWindow(const QString &editor)
+    {
+        window = std::make_unique<PreviewWindow>(place, editor);
+        window->show();
+        (void)QTest::qWaitForWindowActive(window.get());
+    }
+
+    void activateFinding()
+    {
+        findingsPane()->setFocus();
+        press(Qt::Key_Down);
+        press(Qt::Key_Return);
+    }
+
     template <typename Action>
     void step(const char *name, const Action &action)
     {
@@ -136,7 +210,7 @@ private:
         opened.clear();
         action();
         (void)QTest::qWaitFor([&] { return describe() != before || !opened.isEmpty(); }, 3000);
-        QTest::qWait(100); // in which nothing more happens
+        QTest::qWait(250); // nothing more happens
         std::printf("%s\n%s", name, qUtf8Printable(describe()));
     }
 
@@ -149,46 +223,71 @@ private:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QWidget *focused = QApplication::focusWidget();
-        QTest::keyClick(focused ? focused : &window, key, modifiers);
+        QTest::keyClick(focused ? focused : window.get(), key, modifiers);
     }
+
+    QMainWindow *surface() const { return window->findChild<QMainWindow *>(); }
+    QListWidget *findingsPane() const { return window->findChild<QListWidget *>(); }
 
     QDockWidget *keypad() const
     {
-        return window.findChild<QDockWidget *>(QStringLiteral("keypad"));
+        return window->findChild<QDockWidget *>(QStringLiteral("keypad 1"));
     }
 
     QString describe() const
     {
-        if (!window.isVisible())
+        if (!window->isVisible())
             return QStringLiteral("  closed\n");
         QStringList lines;
-        const auto selectors = window.findChildren<QComboBox *>();
+        const auto selectors = window->findChildren<QComboBox *>();
         for (const QComboBox *selector : selectors)
             lines += selector->objectName() + QLatin1String(": ") + selector->currentText();
-        auto *surface = window.findChild<QMainWindow *>();
-        const auto panels = surface->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        const auto panels =
+            surface()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
         for (const QWidget *panel : panels)
             if (panel->isVisible() && !panel->windowTitle().isEmpty())
-                lines += panel->windowTitle() + QLatin1String(": ") + toolsOf(*panel);
-        // The texts of what is set back are not as dark as others.
-        const QRect area(surface->mapTo(&window, QPoint()), surface->size());
-        const QImage image = const_cast<PreviewWindow &>(window).grab(area).toImage();
+                lines +=
+                    panel->windowTitle() + placeOf(*panel) + QLatin1String(": ") + toolsOf(*panel);
+        // The texts of what is greyed out are not as dark as others.
+        const QRect area(surface()->mapTo(window.get(), QPoint()), surface()->size());
+        const QImage image = window->grab(area).toImage();
         int darkest = 255;
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
                 darkest = std::min(darkest, qGray(image.pixel(x, y)));
         lines += QStringLiteral("%1, %2 from the left, %3 from the right")
-                     .arg(QLatin1String(darkest > 100 ? "set back" : "clear"))
+                     .arg(QLatin1String(darkest > 100 ? "greyed out" : "clear"))
                      .arg(area.left())
-                     .arg(window.width() - 1 - area.right());
-        auto *pane = window.findChild<QListWidget *>();
+                     .arg(window->width() - 1 - area.right());
+        const QListWidget *pane = findingsPane();
         for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
             lines +=
                 QLatin1String(pane->item(i)->isSelected() ? "> " : "| ") + pane->item(i)->text();
+        const auto labels = window->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+        for (const QLabel *label : labels)
+            if (label->isVisible() && !label->buddy())
+                lines += label->text();
         if (!opened.isEmpty())
             lines += opened;
+        if (QFile::exists(QStringLiteral("seen")))
+            lines += QString::fromUtf8(contentOf(QStringLiteral("seen")))
+                         .remove(QDir::currentPath() + QLatin1Char('/'));
         lines += QLatin1String("focus: ") + nameOf(QApplication::focusWidget());
         return QLatin1String("  ") + lines.join(QLatin1String("\n  ")) + QLatin1Char('\n');
+    }
+
+    QString placeOf(const QWidget &panel) const
+    {
+        const auto *dock = qobject_cast<const QDockWidget *>(&panel);
+        if (!dock)
+            return {};
+        const bool isLeft = panel.geometry().center().x() < surface()->width() / 2;
+        return (panel.isWindow()
+                    ? QStringLiteral(", floating at %1 %2").arg(panel.x()).arg(panel.y())
+                    : QLatin1String(isLeft ? ", left" : ", right"))
+               + QLatin1String(dock->widget()->width() < dock->widget()->sizeHint().width()
+                                   ? ", too narrow"
+                                   : "");
     }
 
     static QString toolsOf(const QWidget &panel)
@@ -209,7 +308,8 @@ private:
                                               : widget->objectName();
     }
 
-    PreviewWindow window;
+    const Place place;
+    std::unique_ptr<PreviewWindow> window;
     const QString entries;
     const QString tools;
     const QByteArray goodEntries;
@@ -220,10 +320,13 @@ private:
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    useLightStyle();
     const QTemporaryDir folder;
-    QDir(folder.path()).mkdir(QStringLiteral("tesmar"));
-    Session(copyInto(folder.filePath(QStringLiteral("tesmar")))).run();
+    QDir::setCurrent(folder.path());
+    Place place = copyInto(QStringLiteral("first"));
+    std::filesystem::create_symlink("first", "a place");
+    place.folder = QStringLiteral("a place");
+    Session(place).run();
 }
 
 #include "PrintPreview.moc"

@@ -2,6 +2,7 @@
 // widgets that were built: their geometry, their pixels, and what becomes of a click.
 
 #include "document/Place.h"
+#include "surface/Picture.h"
 #include "surface/Surface.h"
 
 #include <QApplication>
@@ -103,6 +104,7 @@ class SurfacePrinter
 public:
     explicit SurfacePrinter(const Place &place) : surface(place.read())
     {
+        surface.setDocuments(place.read()); // nothing remains of those before
         surface.show();
         const auto states = statesToShow(place.product);
         for (const HostState &state : states)
@@ -259,10 +261,7 @@ private:
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    QFont font = QApplication::font();
-    font.setPixelSize(12);
-    QApplication::setFont(font);
+    useLightStyle();
     QString error;
     const auto place = Place::find(QString::fromLocal8Bit(argv[1]), &error);
     const SurfacePrinter printer(place.value());

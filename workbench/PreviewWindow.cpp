@@ -11,6 +11,9 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
+#include <QProcess>
+#include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
@@ -18,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include <chrono>
+#include <memory>
 
 using namespace std::chrono_literals;
 
@@ -25,39 +29,59 @@ namespace Quenda::Workbench {
 
 namespace {
 
-// Editors save in several steps. Short enough for a surface that follows at once.
-constexpr auto settlingTime = 60ms;
+// Short enough for a surface that follows at once.
+constexpr auto interval = 100ms;
 
 } // namespace
 
-PreviewWindow::PreviewWindow(const Place &shownPlace)
-    : place(shownPlace), states(statesToShow(shownPlace.product))
+PreviewWindow::PreviewWindow(const Place &shownPlace, const QString &editorCommand)
+    : place(shownPlace),
+      editor(editorCommand),
+      states(statesToShow(shownPlace.product)),
+      surface(new Surface)
 {
     setWindowTitle(compose("%1 - Quenda workbench", place.isBuiltIn()
                                                         ? place.product
                                                         : QDir::toNativeSeparators(place.folder)));
+    // The current folder, too, may be replaced by another.
+    place.folder = QFileInfo(place.folder).absoluteFilePath();
     auto *controls = new QHBoxLayout;
     QStringList stateNames;
     for (const HostState &state : states)
         stateNames += state.label();
+    // No mnemonic is one of the shipped menus'.
     stateSelector =
         addSelector(controls, QStringLiteral("state"), QStringLiteral("&State:"), stateNames);
     presentationSelector =
-        addSelector(controls, QStringLiteral("presentation"), QStringLiteral("Sh&ow:"),
+        addSelector(controls, QStringLiteral("presentation"), QStringLiteral("Sho&w:"),
                     {QStringLiteral("Tool boxes"), QStringLiteral("Tool bars")});
+    auto *panelsButton = new QPushButton(QStringLiteral("&Panels"));
+    auto *panels = new QMenu(panelsButton);
+    connect(panels, &QMenu::aboutToShow, this, [this, panels] {
+        const std::unique_ptr<QMenu> ofSurface(surface->createPopupMenu());
+        panels->clear();
+        if (ofSurface)
+            panels->addActions(ofSurface->actions());
+    });
+    panelsButton->setMenu(panels);
+    controls->addWidget(panelsButton);
     controls->addStretch();
 
     findingsPane = new QListWidget;
     findingsPane->setWordWrap(true);
-    connect(findingsPane, &QListWidget::itemActivated, this, [](const QListWidgetItem *item) {
-        QDesktopServices::openUrl(item->data(Qt::UserRole).toUrl());
-    });
+    connect(findingsPane, &QListWidget::itemActivated, this,
+            [this](QListWidgetItem *item) { open(findings.at(findingsPane->row(item))); });
+    failure = new QLabel;
+    failure->setWordWrap(true);
+    failure->setTextFormat(Qt::PlainText);
+    failure->hide();
     veil = new QFrame;
     veil->setAttribute(Qt::WA_TransparentForMouseEvents);
     veil->setStyleSheet(QStringLiteral("background: rgba(239, 239, 239, 180)"));
     auto *holder = new QWidget;
-    cell = new QGridLayout(holder);
+    auto *cell = new QGridLayout(holder);
     cell->setContentsMargins(0, 0, 0, 0);
+    cell->addWidget(surface, 0, 0);
     cell->addWidget(veil, 0, 0);
     auto *splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(holder);
@@ -66,17 +90,15 @@ PreviewWindow::PreviewWindow(const Place &shownPlace)
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(controls);
     layout->addWidget(splitter, 1);
+    layout->addWidget(failure);
     resize(QSize(1200, 800).boundedTo(QGuiApplication::primaryScreen()->availableSize() * 0.9));
     splitter->setSizes({height() * 4 / 5, height() / 5});
 
     new QShortcut(Qt::Key_F5, this, [this] { reload(); });
     new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), this, [this] { close(); });
-    settling.setSingleShot(true);
-    settling.setInterval(settlingTime);
-    connect(&settling, &QTimer::timeout, this, &PreviewWindow::reload);
-    const auto settle = [this] { settling.start(); };
-    connect(&watcher, &QFileSystemWatcher::directoryChanged, this, settle);
-    connect(&watcher, &QFileSystemWatcher::fileChanged, this, settle);
+    connect(&timer, &QTimer::timeout, this, &PreviewWindow::follow);
+    timer.start(interval);
+    showState();
     reload();
 }
 
@@ -95,58 +117,77 @@ QComboBox *PreviewWindow::addSelector(QHBoxLayout *controls, const QString &name
     return selector;
 }
 
-// A file that was replaced by renaming another over it is a new one, and has to be watched anew.
-void PreviewWindow::watch()
+QVector<QByteArray> PreviewWindow::readFiles() const
 {
-    QStringList paths {place.folder};
-    for (const Format *format : place.formats)
-        if (QFileInfo::exists(place.pathOf(*format)))
-            paths += place.pathOf(*format);
-    watcher.addPaths(paths);
+    QVector<QByteArray> files;
+    for (const Format *format : place.formats) {
+        QFile file(place.pathOf(*format));
+        files += file.open(QIODevice::ReadOnly) ? file.readAll() : file.errorString().toUtf8();
+    }
+    return files;
+}
+
+// Compares what is in the files. Unlike a QFileSystemWatcher, this misses nothing when files,
+// folders or links are replaced. Editors save in several steps, so it waits until the files stay
+// the same.
+void PreviewWindow::follow()
+{
+    const QVector<QByteArray> files = readFiles();
+    if (files == lastFiles && files != shownFiles)
+        reload();
+    lastFiles = files;
 }
 
 void PreviewWindow::reload()
 {
-    watch(); // before reading, so that nothing is missed between
+    shownFiles = readFiles(); // first, so that follow() notices a change from here on
     const Documents documents = place.read();
-    const QVector<Finding> findings = checkDocuments(documents, place.product);
-    showFindings(findings);
+    findings = checkDocuments(documents, place.product);
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding &a, const Finding &b) { return a.severity < b.severity; });
+    showFindings();
     veil->setVisible(hasErrors(findings));
-    if (hasErrors(findings))
-        return;
-    auto *built = new Surface(documents, surface ? surface->closedPanels() : QSet<QString>());
-    delete surface;
-    surface = built;
-    showState();
-    cell->addWidget(surface, 0, 0);
-    surface->show();
-    veil->raise();
+    if (!hasErrors(findings))
+        surface->setDocuments(documents);
 }
 
 void PreviewWindow::showState()
 {
-    if (surface)
-        surface->showState(states.at(stateSelector->currentIndex()),
-                           static_cast<Presentation>(presentationSelector->currentIndex()));
+    surface->showState(states.at(stateSelector->currentIndex()),
+                       static_cast<Presentation>(presentationSelector->currentIndex()));
 }
 
-// Errors first.
-void PreviewWindow::showFindings(QVector<Finding> findings)
+void PreviewWindow::showFindings()
 {
-    std::stable_sort(findings.begin(), findings.end(),
-                     [](const Finding &a, const Finding &b) { return a.severity < b.severity; });
+    failure->hide();
     findingsPane->clear();
-    for (const Finding &finding : qAsConst(findings)) {
-        const QFileInfo file(finding.path);
-        auto *item = new QListWidgetItem(
-            compose("%1:%2:%3: ", file.fileName(), finding.position.line, finding.position.column)
-                + finding.message(),
-            findingsPane);
-        item->setData(Qt::UserRole, QUrl::fromLocalFile(file.absoluteFilePath()));
-    }
+    for (const Finding &finding : qAsConst(findings))
+        findingsPane->addItem(compose("%1:%2:%3: ", QFileInfo(finding.path).fileName(),
+                                      finding.position.line, finding.position.column)
+                              + finding.message());
     if (findings.isEmpty() && findingsPane->hasFocus())
         stateSelector->setFocus();
     findingsPane->setVisible(!findings.isEmpty());
+}
+
+void PreviewWindow::open(const Finding &finding)
+{
+    QStringList words = QProcess::splitCommand(editor);
+    for (QString &word : words)
+        word.replace(QLatin1String("{line}"), QString::number(finding.position.line))
+            .replace(QLatin1String("{column}"), QString::number(finding.position.column))
+            .replace(QLatin1String("{file}"), finding.path);
+    const QString program = words.isEmpty() ? QString() : words.takeFirst();
+    const bool isOpen = program.isEmpty()
+                            ? QDesktopServices::openUrl(QUrl::fromLocalFile(finding.path))
+                            : QProcess::startDetached(program, words);
+    failure->setVisible(!isOpen);
+    failure->setText(
+        program.isEmpty()
+            ? compose("The desktop cannot open %1; name an editor with --editor or "
+                      "QUENDA_EDITOR.",
+                      QFileInfo(finding.path).fileName())
+            : compose("\"%1\" cannot be started; correct --editor or QUENDA_EDITOR.", program));
 }
 
 } // namespace Quenda::Workbench

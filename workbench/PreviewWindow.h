@@ -1,54 +1,60 @@
 #pragma once
 
 #include "Products.h"
+#include "document/Finding.h"
 #include "document/Place.h"
 
-#include <QFileSystemWatcher>
 #include <QTimer>
 #include <QWidget>
 
 class QComboBox;
 class QFrame;
-class QGridLayout;
 class QHBoxLayout;
+class QLabel;
 class QListWidget;
 
 namespace Quenda::Workbench {
 
 class Surface;
-struct Finding;
 
 /**
- * The working surface of a place, built again whenever one of its documents is saved. While one of
- * them is wrong, the last surface that could be built stays, set back. Below it stand the findings,
- * if there are any.
+ * The working surface of a place, which follows each change of its documents. While one of them has
+ * an error, the last surface without one stays, greyed out. Below it are the findings, if any.
  */
 class PreviewWindow : public QWidget
 {
     Q_OBJECT
 
 public:
-    /** Watches @p place unless it is built in. The window is within the screen. */
-    explicit PreviewWindow(const Place &place);
+    /**
+     * @param editor  The command that opens the document of a finding, with {file}, {line} and
+     *                {column}; empty for the desktop's program.
+     */
+    explicit PreviewWindow(const Place &place, const QString &editor = {});
 
-    /** Reads the documents and builds the surface, if they allow it. */
+    /** Reads the documents, and shows them or what is wrong with them. */
     void reload();
 
 private:
     QComboBox *addSelector(QHBoxLayout *controls, const QString &name, const QString &text,
                            const QStringList &items);
-    void watch();
+    QVector<QByteArray> readFiles() const;
+    void follow();
     void showState();
-    void showFindings(QVector<Finding> findings);
+    void showFindings();
+    void open(const Finding &finding);
 
-    const Place place;
+    Place place;
+    const QString editor;
     const QVector<HostState> states;
-    QFileSystemWatcher watcher;
-    QTimer settling;
-    QGridLayout *cell = nullptr; // holds the surface and, in front of it, the veil
+    QTimer timer;
+    QVector<QByteArray> shownFiles; // what is in the files that are shown
+    QVector<QByteArray> lastFiles; // and what was there when the timer last looked
+    QVector<Finding> findings; // errors first, as in the pane
     Surface *surface = nullptr;
-    QFrame *veil = nullptr; // sets the surface back
+    QFrame *veil = nullptr; // in front of the surface, greys it out
     QListWidget *findingsPane = nullptr;
+    QLabel *failure = nullptr; // of the editor
     QComboBox *stateSelector = nullptr;
     QComboBox *presentationSelector = nullptr;
 };

@@ -21,17 +21,6 @@ bool isOffscreen()
     return QGuiApplication::platformName() == QLatin1String("offscreen");
 }
 
-// The documents' style sheets are made for light colours, whatever those of the desktop are.
-void useLightStyle()
-{
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setPalette(QApplication::style()->standardPalette());
-    QFont font = QApplication::font();
-    font.setPixelSize(12); // the same in pictures everywhere
-    if (isOffscreen())
-        QApplication::setFont(font);
-}
-
 // By its code or its name; the first if none is named.
 int chooseState(const QVector<HostState> &states, const QString &wanted)
 {

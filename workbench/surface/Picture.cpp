@@ -1,9 +1,11 @@
 #include "surface/Picture.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFont>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPainter>
+#include <QStyle>
 
 namespace Quenda::Workbench {
 
@@ -40,6 +42,16 @@ QVector<Part> open(QMenu *menu, const QMainWindow &window)
 }
 
 } // namespace
+
+void useLightStyle()
+{
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    QFont font = QApplication::font();
+    font.setPixelSize(12);
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        QApplication::setFont(font);
+}
 
 QImage pictureOf(QMainWindow &window, QMenu *menu)
 {

@@ -34,23 +34,8 @@ QVector<HostState> statesToShow(const QString &product)
     return known ? known->states : QVector<HostState> {{0, QStringLiteral("everything")}};
 }
 
-Surface::Surface(const Documents &documents, const QSet<QString> &closedPanels)
-    : closed(closedPanels)
+Surface::Surface()
 {
-    QMenuBar *menuBar = loadMenuBar(documentOf(documents, DocumentKind::Menus).xml.text);
-    menuBar->setNativeMenuBar(false);
-    const auto actions = menuBar->findChildren<QAction *>();
-    for (QAction *action : actions)
-        action->setShortcutContext(Qt::WidgetShortcut);
-    setMenuBar(menuBar);
-
-    const XmlElement &root = documentOf(documents, DocumentKind::Tools).xml.root;
-    for (const XmlElement &part : root.children)
-        if (part.is("toolbar"))
-            addBar(part, root);
-        else if (!part.is("module"))
-            addDock(part, root);
-
     auto *drawing = new QLabel; // where a host has its drawing area
     drawing->setAlignment(Qt::AlignCenter);
     drawing->setMargin(60);
@@ -60,15 +45,68 @@ Surface::Surface(const Documents &documents, const QSet<QString> &closedPanels)
     setCentralWidget(drawing);
 }
 
+Surface::Surface(const Documents &documents) : Surface()
+{
+    setDocuments(documents);
+}
+
+void Surface::setDocuments(const Documents &documents)
+{
+    noteClosed();
+    QMenuBar *menuBar = loadMenuBar(documentOf(documents, DocumentKind::Menus).xml.text);
+    menuBar->setNativeMenuBar(false);
+    const auto actions = menuBar->findChildren<QAction *>();
+    for (QAction *action : actions)
+        action->setShortcutContext(Qt::WidgetShortcut);
+    setMenuBar(menuBar);
+
+    QSet<QWidget *> unused;
+    for (const Panel &panel : qAsConst(panels))
+        if (auto *toolBar = qobject_cast<QToolBar *>(panel.widget)) {
+            removeToolBarBreak(toolBar);
+            delete toolBar;
+        } else {
+            unused.insert(panel.widget);
+        }
+    panels.clear();
+    const XmlElement &root = documentOf(documents, DocumentKind::Tools).xml.root;
+    for (const XmlElement &part : root.children)
+        if (part.is("toolbar"))
+            addBar(part, root);
+        else if (!part.is("module"))
+            addDock(part, root);
+    for (const Panel &panel : qAsConst(panels))
+        unused.remove(panel.widget);
+    qDeleteAll(unused);
+    showAvailable();
+}
+
 void Surface::addDock(const XmlElement &box, const XmlElement &root)
 {
     const bool isKeypad = box.is("keypad");
-    auto *dock =
-        new QDockWidget(isKeypad ? QStringLiteral("Keypad") : QStringLiteral("Tools"), this);
-    dock->setObjectName(isKeypad ? QStringLiteral("keypad")
-                                 : compose("toolbox %1", panels.size() + 1));
-    dock->setWidget(new GridArea(new ToolBoxGrid(box, root)));
-    addDockWidget(isKeypad ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea, dock);
+    const auto number = std::count_if(panels.cbegin(), panels.cend(), [&box](const Panel &panel) {
+        return panel.widget->objectName().startsWith(box.name + QLatin1Char(' '));
+    });
+    const QString name = QStringLiteral("%1 %2").arg(box.name).arg(number + 1);
+    auto *grid = new ToolBoxGrid(box, root);
+    auto *dock = findChild<QDockWidget *>(name);
+    if (dock) {
+        auto *area = static_cast<GridArea *>(dock->widget());
+        const QSize before = area->sizeHint();
+        area->setWidget(grid);
+        grid->showAvailable(code);
+        grid->show();
+        area->updateGeometry();
+        if (area->sizeHint() != before && dock->isFloating())
+            dock->adjustSize();
+        else if (area->sizeHint() != before && dock->isVisible())
+            resizeDocks({dock}, {area->sizeHint().width()}, Qt::Horizontal);
+    } else {
+        dock = new QDockWidget(isKeypad ? QStringLiteral("Keypad") : QStringLiteral("Tools"), this);
+        dock->setObjectName(name);
+        dock->setWidget(new GridArea(grid));
+        addDockWidget(isKeypad ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea, dock);
+    }
     panels.append({dock, dock->toggleViewAction(), modeOf(box), true, isKeypad});
 }
 
@@ -77,7 +115,7 @@ void Surface::addBar(const XmlElement &bar, const XmlElement &root)
     if (bar.has("break"))
         addToolBarBreak();
     QToolBar *toolBar = addToolBar(bar.value("title"));
-    toolBar->setObjectName(bar.value("id"));
+    toolBar->setObjectName(bar.name + QLatin1Char(' ') + bar.value("id"));
     auto *buttons = new QButtonGroup(toolBar); // of which one is checked
     for (const XmlElement &item : bar.children) {
         auto *button = item.is("separator") ? nullptr : new ToolButton(item, root);
@@ -97,9 +135,15 @@ bool Surface::isDue(const Panel &panel) const
 
 void Surface::showState(const HostState &state, Presentation presentation)
 {
-    closed = closedPanels();
+    noteClosed();
     code = state.code;
     shown = presentation;
+    static_cast<QLabel *>(centralWidget())->setText(state.name);
+    showAvailable();
+}
+
+void Surface::showAvailable()
+{
     for (const Panel &panel : qAsConst(panels)) {
         const auto actions = panel.widget->actions();
         if (auto *dock = qobject_cast<QDockWidget *>(panel.widget))
@@ -111,21 +155,15 @@ void Surface::showState(const HostState &state, Presentation presentation)
         panel.widget->setVisible(isDue(panel) && !closed.contains(panel.widget->objectName()));
         panel.toggle->setVisible(isDue(panel));
     }
-    static_cast<QLabel *>(centralWidget())->setText(state.name);
 }
 
-QSet<QString> Surface::closedPanels() const
+void Surface::noteClosed()
 {
-    QSet<QString> names = closed;
-    for (const Panel &panel : panels) {
-        if (!isVisible() || !isDue(panel))
-            continue;
-        if (panel.widget->isHidden())
-            names.insert(panel.widget->objectName());
-        else
-            names.remove(panel.widget->objectName());
-    }
-    return names;
+    for (const Panel &panel : qAsConst(panels))
+        if (isDue(panel) && panel.widget->isHidden())
+            closed.insert(panel.widget->objectName());
+        else if (isDue(panel))
+            closed.remove(panel.widget->objectName());
 }
 
 } // namespace Quenda::Workbench

@@ -10,7 +10,7 @@ class QMenuBar;
 
 namespace Quenda::Workbench {
 
-/** The two presentations of the tools, of which a host has one at a time. The keypad is in both. */
+/** The two presentations of the tools; a host shows one at a time. The keypad is in both. */
 enum class Presentation { ToolBoxes, ToolBars };
 
 /** Builds the menu bar of a menu document, as hosts do. It belongs to the caller; null for none. */
@@ -26,20 +26,23 @@ QVector<HostState> statesToShow(const QString &product);
 class Surface : public QMainWindow
 {
 public:
-    /** Of documents without errors; the panels of these object names stay closed. */
-    explicit Surface(const Documents &documents, const QSet<QString> &closedPanels = {});
+    Surface(); ///< Empty.
+    explicit Surface(const Documents &documents);
 
-    /** Shows what is available in @p state, but for the panels that the user has closed. */
+    /**
+     * Shows what these documents describe, which have no errors, in the same state as before. Docks
+     * stay where the user moved them; tool bars are where the document has them.
+     */
+    void setDocuments(const Documents &documents);
+
+    /** Shows what is available in @p state, except for the panels that the user has closed. */
     void showState(const HostState &state, Presentation presentation);
-
-    /** The object names of the panels, docks and tool bars, that the user has closed. */
-    QSet<QString> closedPanels() const;
 
 private:
     // A dock or a tool bar.
     struct Panel
     {
-        QWidget *widget;
+        QWidget *widget; // its object name is its element's, and a number or id
         QAction *toggle; // with which users open and close it
         quint32 mode;
         bool isInBoxes; // in which of the presentations it is
@@ -49,9 +52,11 @@ private:
     void addDock(const XmlElement &box, const XmlElement &root);
     void addBar(const XmlElement &bar, const XmlElement &root);
     bool isDue(const Panel &panel) const;
+    void showAvailable();
+    void noteClosed();
 
     QVector<Panel> panels;
-    QSet<QString> closed;
+    QSet<QString> closed; // object names
     quint32 code = 0;
     Presentation shown = Presentation::ToolBoxes;
 };

@@ -6,9 +6,10 @@
 
 #include <QApplication>
 #include <QMenuBar>
-#include <QStyle>
 #include <QTemporaryDir>
 #include <QToolBar>
+
+#include <unistd.h>
 
 using namespace Quenda::Workbench;
 
@@ -43,7 +44,11 @@ private Q_SLOTS:
         copyProduct(u"partial"_s);
         QVERIFY(QFile::remove(u"partial/menus.xml"_s));
         QVERIFY(QFile::copy(u"odd/tesmar/confs.xml"_s, u"odd/entries.xml"_s));
-        QVERIFY(QDir().mkdir(u"empty"_s));
+        QVERIFY(QDir().mkdir(u"empty"_s) && QDir().mkdir(u"locked"_s));
+        QVERIFY(QFile::link(u"odd/tesmar/tools.xml"_s, u"link.png"_s));
+        for (const QString &name : {u"s"_s, u"full.png"_s, u"full.bmp"_s, u"locked/s.png"_s})
+            QVERIFY(QFile::copy(u"odd/entries.xml"_s, name));
+        QVERIFY(QFile::setPermissions(u"locked"_s, QFile::ReadOwner | QFile::ExeOwner));
     }
 
     void commandLine_data()
@@ -54,6 +59,9 @@ private Q_SLOTS:
         commandLineRow("check --unknown", 2, "", "Unknown option 'unknown'");
         commandLineRow("outline", 2, "", "outline needs PLACE");
         commandLineRow("outline lorvan tesmar", 2, "", "outline needs PLACE");
+        commandLineRow("check --menu menuFile", 2, "", "--menu is an option of screenshot");
+        commandLineRow("screenshot tesmar s.png --editor kate", 2, "",
+                       "--editor is an option of preview");
 
         commandLineRow("check", 0, "Documents: " DOCUMENT_COUNT ", errors: 0, warnings: 0\n", "");
         commandLineRow("Check LORVAN wrong/tesmar/menus.xml", 0,
@@ -79,14 +87,14 @@ private Q_SLOTS:
                        "not checked; there are: " PRODUCTS);
 
         commandLineRow("outline tesmar/tools.xml", 2, "", "there is no \"tesmar/tools.xml\"");
-        commandLineRow("outline odd/tesmar/confs.xml", 2, "", "is one document; expected");
+        commandLineRow("outline odd/tesmar/confs.xml", 2, "", "is a single document; name");
         commandLineRow("schema attributes", 2, "", "there are: entries, tools, menus");
         commandLineRow("preview tesmar", 2, "", "preview needs a display");
 
         commandLineRow("screenshot tesmar", 2, "", "screenshot needs PLACE FILE");
-        commandLineRow("screenshot tesmar s.doc", 2, "", "cannot write s.doc: Unsupported image");
+        commandLineRow("screenshot none s.doc", 2, "", "use one of bmp, ");
         commandLineRow("screenshot tesmar none/s.png", 2, "",
-                       "cannot write none/s.png: Cannot open");
+                       "cannot write none/s.png: No such file or directory");
         commandLineRow("screenshot tesmar s.png --state 0x31", 2, "",
                        "there are: full view (0x1), ");
         commandLineRow("screenshot tesmar s.png --menu menuNone", 2, "", "there are: menuFile, ");
@@ -100,8 +108,9 @@ private Q_SLOTS:
         const Outcome outcome = run(QUENDA_WORKBENCH, {});
         QCOMPARE(outcome.status, 0);
         QCOMPARE(outcome.output, run(QUENDA_WORKBENCH, {u"outline"_s, u"--help"_s}).output);
-        for (const char *command : {"check [PLACE...]", "preview PLACE", "screenshot PLACE FILE",
-                                    "outline PLACE", "schema entries|tools|menus", "--state"})
+        for (const char *command :
+             {"check [PLACE...]", "preview PLACE", "screenshot PLACE FILE", "outline PLACE",
+              "schema NAME", "preview: opens", "screenshot: object name"})
             QVERIFY2(outcome.output.contains(command), command);
     }
 
@@ -115,6 +124,43 @@ private Q_SLOTS:
                      outcome.errors.constData());
         }
         QVERIFY(!QFile::exists(u"s.png"_s));
+    }
+
+    void existingFiles_data()
+    {
+        QTest::addColumn<QString>("limit"); // of what may be written
+        QTest::addColumn<QByteArray>("error");
+        QTest::newRow("odd/tesmar/tools.xml")
+            << u"unlimited"_s << QByteArray("tools.xml\" does not");
+        QTest::newRow("link.png") << u"unlimited"_s << QByteArray("/tools.xml\" does not");
+        QTest::newRow("s") << u"unlimited"_s << QByteArray("\"s\" does not end in the suffix");
+        QTest::newRow("full.png") << u"8"_s << QByteArray("full.png: not enough space");
+        QTest::newRow("full.bmp") << u"8"_s << QByteArray("full.bmp: not enough space");
+        if (geteuid() != 0) // who may write everywhere
+            QTest::newRow("locked/s.png") << u"unlimited"_s << QByteArray("s.png: ");
+    }
+
+    // A screenshot that fails leaves the file that is there, and nothing else.
+    void existingFiles()
+    {
+        QFETCH(QString, limit);
+        const QString target = QString::fromUtf8(QTest::currentDataTag());
+        const auto content = [&target] {
+            QFile file(target);
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        const QByteArray before = content();
+        QVERIFY(!before.isEmpty());
+        const QStringList names = QDir(QFileInfo(target).path()).entryList();
+        const Outcome outcome =
+            run("/bin/sh",
+                {u"-c"_s, u"trap '' XFSZ; ulimit -f $2; exec \"$0\" screenshot lorvan \"$1\""_s,
+                 QStringLiteral(QUENDA_WORKBENCH), target, limit});
+        QCOMPARE(outcome.status, 2);
+        QFETCH(QByteArray, error);
+        QVERIFY2(outcome.errors.contains(error), outcome.errors.constData());
+        QCOMPARE(content(), before);
+        QCOMPARE(QDir(QFileInfo(target).path()).entryList(), names);
     }
 
     void outputThatCannotBeWritten()
@@ -171,9 +217,9 @@ private Q_SLOTS:
         surface.showState(states.at(0), Presentation::ToolBars);
         const QImage bars = pictureOf(surface);
         const auto shown = surface.findChildren<QToolBar *>();
-        for (const QToolBar *one : shown)
-            QVERIFY2(!one->isVisible() || one->width() >= one->sizeHint().width(),
-                     qPrintable(one->objectName()));
+        for (const QToolBar *bar : shown)
+            QVERIFY2(!bar->isVisible() || bar->width() >= bar->sizeHint().width(),
+                     qPrintable(bar->objectName()));
         QCOMPARE(bars.size(), surface.size());
 
         auto *points = surface.menuBar()->findChild<QMenu *>(u"menuPoints"_s);
@@ -192,6 +238,9 @@ private Q_SLOTS:
         QVERIFY(open.copy(title) != bars.copy(title)); // marked
         QCOMPARE(open.copy(QRect(corner, points->size())), imageOf(points, points->rect()));
         QVERIFY(open.rect().contains(QRect(corner, points->size())));
+        points->setEnabled(false);
+        QCOMPARE(pictureOf(surface, points).copy(QRect(corner, points->size())),
+                 imageOf(points, points->rect()));
     }
 
     void menuDocumentOfAnotherWidget()
@@ -206,12 +255,7 @@ private:
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    // As the program does for pictures.
-    QApplication::setStyle(u"Fusion"_s);
-    QApplication::setPalette(QApplication::style()->standardPalette());
-    QFont font = QApplication::font();
-    font.setPixelSize(12);
-    QApplication::setFont(font);
+    useLightStyle();
     WorkbenchTest test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -23,14 +23,14 @@ Status load(const QString &name, LoadedPlace *loaded)
         return fail("%1", error);
     const Documents documents = place->read();
     *loaded = {*place, documents, checkDocuments(documents, place->product)};
-    return hasErrors(loaded->findings) ? ErrorsFound : NothingWrong;
+    return hasErrors(loaded->findings) ? ErrorsFound : NoErrors;
 }
 
 Status loadProduct(const QString &name, LoadedPlace *loaded)
 {
     const Status status = load(name, loaded);
-    if (status != NotDone && !loaded->place.isProduct())
-        return fail("\"%1\" is one document; expected a product's folder or id", name);
+    if (status != Failed && !loaded->place.isProduct())
+        return fail("\"%1\" is a single document; name a product's folder or id", name);
     if (status == ErrorsFound)
         write(reportOf(loaded->findings, loaded->documents.size()), stderr);
     return status;
@@ -41,8 +41,8 @@ QString reportOf(const QVector<Finding> &findings, std::size_t documents)
     QString text;
     for (const Finding &finding : findings)
         text += finding.toString() + QLatin1Char('\n');
-    const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding &one) {
-        return one.severity == Finding::Error;
+    const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding &finding) {
+        return finding.severity == Finding::Error;
     });
     return text
            + QStringLiteral("Documents: %1, errors: %2, warnings: %3\n")
@@ -53,7 +53,7 @@ QString reportOf(const QVector<Finding> &findings, std::size_t documents)
 
 Status print(const QString &text)
 {
-    return write(text, stdout) ? NothingWrong : fail("cannot write to standard output");
+    return write(text, stdout) ? NoErrors : fail("cannot write to standard output");
 }
 
 void inform(const QString &text)

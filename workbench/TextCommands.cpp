@@ -9,12 +9,12 @@ Status checkCommand(const QStringList &places, const QCommandLineParser &)
 {
     QVector<Finding> findings;
     std::size_t documents = 0;
-    Status worst = NothingWrong;
+    Status worst = NoErrors;
     for (const QString &name : places.isEmpty() ? Place::builtInProducts() : places) {
         LoadedPlace loaded;
         const Status status = load(name, &loaded);
         worst = std::max(worst, status);
-        if (status == NotDone)
+        if (status == Failed)
             continue;
         const QString product = loaded.place.product;
         if (!findProduct(product))
@@ -31,16 +31,21 @@ Status outlineCommand(const QStringList &places, const QCommandLineParser &)
 {
     LoadedPlace loaded;
     const Status status = loadProduct(places.constFirst(), &loaded);
-    return status == NothingWrong ? print(outlineOf(loaded.documents)) : status;
+    return status == NoErrors ? print(outlineOf(loaded.documents)) : status;
+}
+
+QStringList schemaNames()
+{
+    QStringList names;
+    for (const Format *format : allFormats())
+        names += QLatin1String(format->schema);
+    return names;
 }
 
 Status schemaCommand(const QStringList &names, const QCommandLineParser &)
 {
-    QStringList known;
-    for (const Format *format : allFormats())
-        known += QLatin1String(format->schema);
-    const int chosen = choose("schema", names.constFirst(), known);
-    return chosen < 0 ? NotDone : print(schemaOf(*allFormats().at(chosen)));
+    const int chosen = choose("schema", names.constFirst(), schemaNames());
+    return chosen < 0 ? Failed : print(schemaOf(*allFormats().at(chosen)));
 }
 
 } // namespace Quenda::Workbench

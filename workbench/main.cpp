@@ -1,6 +1,7 @@
 // The workbench, for the people who edit the documents of the products.
 
 #include "CommandLine.h"
+#include "format/Format.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -9,49 +10,87 @@ using namespace Quenda::Workbench;
 
 namespace {
 
+struct Option
+{
+    const char *name;
+    const char *value;
+    const char *description;
+};
+
+constexpr int anyNumber = -1;
+
 struct Command
 {
     const char *name;
     const char *syntax;
-    int least; // how many arguments behind the name
-    int most;
+    int argumentCount;
     Status (*run)(const QStringList &arguments, const QCommandLineParser &options);
     const char *description;
+    Option options[3]; // those without a name do not count
 };
 
 constexpr Command commands[] {
-    {"check", "[PLACE...]", 0, 1000, checkCommand,
-     "every finding, one a line: FILE:LINE:COLUMN: error: TEXT, or warning"},
-    {"preview", "PLACE", 1, 1, previewCommand,
-     "the working surface in a window, again at each save (F5 reads again, Ctrl+Q ends)"},
-    {"screenshot", "PLACE FILE", 2, 2, screenshotCommand,
-     "the same as a picture, without a display; the suffix chooses its format"},
-    {"outline", "PLACE", 1, 1, outlineCommand, "all that the documents say, one thing a line"},
-    {"schema", "entries|tools|menus", 1, 1, schemaCommand,
-     "the RELAX NG schema of a document, for editors"},
+    {"check",
+     "[PLACE...]",
+     anyNumber,
+     checkCommand,
+     "prints all findings as FILE:LINE:COLUMN: error: TEXT, or warning: TEXT",
+     {}},
+    {"preview",
+     "PLACE",
+     1,
+     previewCommand,
+     "shows the working surface in a window, and each save at once",
+     {{"editor", "command",
+       "opens the document of a finding, such as \"code -g {file}:{line}:{column}\"; by default "
+       "$QUENDA_EDITOR, or else the desktop's program for XML."}}},
+    {"screenshot",
+     "PLACE FILE",
+     2,
+     screenshotCommand,
+     "saves a picture of the working surface in the format of the suffix",
+     {{"state", "state", "code or name of the host's state; by default the first."},
+      {"menu", "name", "object name of a menu to open."},
+      {"tools", "boxes|bars", "shows the tools in boxes, the default, or in bars."}}},
+    {"outline",
+     "PLACE",
+     1,
+     outlineCommand,
+     "prints all that the documents say, one thing a line",
+     {}},
+    {"schema",
+     "NAME",
+     1,
+     schemaCommand,
+     "prints the RELAX NG schema of a document, for editors",
+     {}},
 };
 
 QtMessageHandler defaultMessageHandler = nullptr;
 
-// Qt warns of a missing desktop, which is not needed, and of images that only the host has.
+// Qt reports that there is no desktop, which is not needed, and images that only the host has.
 void dropWarnings(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if (type != QtWarningMsg)
-        defaultMessageHandler(type, context, text);
+    for (const char *start :
+         {"QStandardPaths: ", "This plugin does not support ", "Could not create pixmap from "})
+        if (text.startsWith(QLatin1String(start)))
+            return;
+    defaultMessageHandler(type, context, text);
 }
 
 QString description()
 {
     QString text = QStringLiteral("For the people who edit the documents of a product.\n\n");
     for (const Command &command : commands)
-        text += compose("  %1 %2", command.name, command.syntax).leftJustified(31)
+        text += compose("  %1 %2", command.name, command.syntax).leftJustified(25)
                 + compose("%1\n", command.description);
     return text
-           + compose("\nA PLACE is a product's folder, one document in it (for check), or a "
-                     "product's id for the\ndocuments built in: %1. Without a place, check takes "
-                     "all that are built in.\n\nExit status: 0 nothing wrong, 1 errors found, 2 it "
-                     "could not be done. Warnings are not errors.",
-                     listed(Place::builtInProducts()));
+           + compose("\nPLACE is a product's folder, one document in it (for check only), or a "
+                     "product built in: %1.\ncheck without PLACE checks all products built in. "
+                     "NAME is one of %2.\n\nIn the preview, F5 reads the documents again, Enter on "
+                     "a finding opens its document, and Ctrl+Q\ncloses the window.\n\n"
+                     "Exit status: 0 no errors, 1 errors found, 2 the command failed.",
+                     listed(Place::builtInProducts()), listed(schemaNames()));
 }
 
 Status run(const QStringList &arguments)
@@ -61,34 +100,39 @@ Status run(const QStringList &arguments)
     parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("One of those above."),
                                  QStringLiteral("COMMAND [ARGUMENT...]"));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Explain all this."));
+                                  QStringLiteral("Prints this help."));
+    parser.addOption(help);
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions(
-        {help,
-         {QStringLiteral("state"), QStringLiteral("screenshot: the host's state, by code or name."),
-          QStringLiteral("state")},
-         {QStringLiteral("menu"), QStringLiteral("screenshot: open the menu of this object name."),
-          QStringLiteral("name")},
-         {QStringLiteral("tools"), QStringLiteral("screenshot: the tools in boxes or in bars."),
-          QStringLiteral("boxes|bars"), QStringLiteral("boxes")}});
+    QStringList names;
+    for (const Command &command : commands) {
+        names += QLatin1String(command.name);
+        for (const Option &option : command.options)
+            if (option.name)
+                parser.addOption({QLatin1String(option.name),
+                                  compose("%1: %2", command.name, option.description),
+                                  QLatin1String(option.value)});
+    }
     if (!parser.parse(arguments))
         return fail("%1", parser.errorText());
-    QStringList own = parser.positionalArguments();
+    QStringList values = parser.positionalArguments();
     if (parser.isSet(version))
         return print(QStringLiteral("quenda-workbench " QUENDAHELP_VERSION "\n"));
-    if (parser.isSet(help) || own.isEmpty())
+    if (parser.isSet(help) || values.isEmpty())
         return print(parser.helpText());
 
-    QStringList names;
-    for (const Command &command : commands)
-        names += QLatin1String(command.name);
-    const int chosen = choose("command", own.takeFirst(), names);
+    const int chosen = choose("command", values.takeFirst(), names);
     if (chosen < 0)
-        return NotDone;
+        return Failed;
+    for (const Command &command : commands)
+        for (const Option &option : command.options)
+            if (option.name && parser.isSet(QLatin1String(option.name))
+                && &command != &commands[chosen])
+                return fail("--%1 is an option of %2; see quenda-workbench --help", option.name,
+                            command.name);
     const Command &command = commands[chosen];
-    if (own.size() < command.least || own.size() > command.most)
+    if (command.argumentCount != anyNumber && command.argumentCount != values.size())
         return fail("%1 needs %2; see quenda-workbench --help", command.name, command.syntax);
-    return command.run(own, parser);
+    return command.run(values, parser);
 }
 
 } // namespace

@@ -34,7 +34,7 @@ endfunction()
 file(STRINGS "${SYMBOLS}" expected)
 report_difference(expected symbols "No longer exported, which breaks applications:")
 report_difference(symbols expected
-    "Exported, but not in the list (if you want that: cmake --build ... --target renew-symbols):")
+    "Exported, but not in the list (if you want that: script/renew symbols):")
 
 set(allowed "${CORE}" libQt5Core.so.5 libQt5Xml.so.5 libstdc++.so.6 libgcc_s.so.1 libc.so.6)
 execute_process(

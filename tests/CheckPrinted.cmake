@@ -18,5 +18,5 @@ execute_process(
     RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
     message(NOTICE "${difference}") # other kinds of messages lose spaces
-    message(FATAL_ERROR "${FILE} differs. If this is meant: cmake --build ... --target ${TARGET}")
+    message(FATAL_ERROR "${FILE} differs. If this is meant, update it with script/renew")
 endif()

@@ -51,6 +51,12 @@ private Q_SLOTS:
         QVERIFY(QFile::setPermissions(u"locked"_s, QFile::ReadOwner | QFile::ExeOwner));
     }
 
+    void cleanupTestCase() // so that the folder can be removed
+    {
+        QVERIFY(QFile::setPermissions(u"locked"_s,
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+
     void commandLine_data()
     {
         addCommandLineColumns();

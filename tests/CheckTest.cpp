@@ -1,7 +1,7 @@
 #include "check/Check.h"
+#include "Place.h"
 #include "SchemaValidator.h"
 #include "StringLiterals.h"
-#include "document/Place.h"
 
 #include <QDirIterator>
 #include <QTest>
@@ -90,7 +90,7 @@ private Q_SLOTS:
     void lines()
     {
         const auto xml = XmlDocument::fromBytes("<a>\r\n \xc3\xa9 <b>\n\t</a>");
-        QCOMPARE(xml.error.text, u"this end tag does not match <b> of line 2; write </b>"_s);
+        QCOMPARE(xml.error.text, u"<b> of line 2 is not closed; add </b> before this"_s);
         const Finding finding {Finding::Error, u"f.xml"_s, positionOf(xml.text, xml.error.offset),
                                u"x"_s};
         QCOMPARE(finding.toString(), u"f.xml:3:2: error: x"_s);

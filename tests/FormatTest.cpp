@@ -1,7 +1,7 @@
 #include "format/Format.h"
+#include "Place.h"
 #include "SchemaValidator.h"
 #include "StringLiterals.h"
-#include "document/Place.h"
 
 #include <QTest>
 

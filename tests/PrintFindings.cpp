@@ -1,9 +1,9 @@
 // Prints a table of edits to the shipped documents, with what the checker finds after each of them.
 
+#include "Place.h"
 #include "SchemaValidator.h"
 #include "StringLiterals.h"
 #include "check/Check.h"
-#include "document/Place.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,7 +1,7 @@
 // Prints what a person sees of a place's working surface, or can try there. It is read from the
 // widgets that were built: their geometry, their pixels, and what becomes of a click.
 
-#include "document/Place.h"
+#include "Place.h"
 #include "surface/Picture.h"
 #include "surface/Surface.h"
 

@@ -1,6 +1,6 @@
+#include "Place.h"
 #include "Program.h"
 #include "StringLiterals.h"
-#include "document/Place.h"
 #include "surface/Picture.h"
 #include "surface/Surface.h"
 

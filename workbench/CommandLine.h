@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Place.h"
 #include "check/Check.h"
-#include "document/Place.h"
 
 class QCommandLineParser;
 

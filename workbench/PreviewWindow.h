@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Place.h"
 #include "Products.h"
 #include "document/Finding.h"
-#include "document/Place.h"
 
 #include <QTimer>
 #include <QWidget>

@@ -3,8 +3,6 @@
 
 #include <Help/EntryNames.h>
 
-#include <QSet>
-
 #include <cmath>
 #include <limits>
 
@@ -25,7 +23,8 @@ bool isWholeNumber(const QString &value)
 bool isList(const QString &value)
 {
     return std::none_of(value.begin(), value.end(), [](QChar c) {
-        return c == QLatin1Char(',') || (c.isSpace() && c != QLatin1Char(' '));
+        return c == QLatin1Char(',') || c == QLatin1Char(';')
+               || (c.isSpace() && c != QLatin1Char(' '));
     });
 }
 
@@ -46,7 +45,9 @@ const char *adviceOn(EntryType type, const QString &value)
     Q_UNREACHABLE();
 }
 
-void checkName(const XmlElement &entry, const QString &product, Findings &findings)
+// Takes what is only misspelt from the missing ones.
+void checkName(const XmlElement &entry, const QString &product, QStringList *missing,
+               Findings &findings)
 {
     const QString name = entry.value("name");
     const int offset = entry.offsetOf("name");
@@ -63,9 +64,11 @@ void checkName(const XmlElement &entry, const QString &product, Findings &findin
         QStringList names;
         for (const KnownEntry &other : knownEntries())
             names += other.name;
-        findings.warning(
-            offset, "no host reads entry \"%1\"; %2", name,
-            didYouMean(nearest(name, names), compose("remove it, or add it to host/Products.cpp")));
+        const QString meant = nearest(name, names);
+        findings.add(
+            missing->removeOne(meant) ? Finding::Error : Finding::Warning, offset,
+            compose("no host reads entry \"%1\"; %2", name,
+                    didYouMean(meant, compose("remove it, or add it to host/Products.cpp"))));
     } else if (!known->products.contains(product)) {
         findings.warning(offset, "only the host of %2 reads entry \"%1\"; remove it", name,
                          listed(known->products));
@@ -87,20 +90,23 @@ void checkValue(const XmlElement &entry, Findings &findings)
 
 void checkEntries(const Document &document, const QString &product, Findings &findings)
 {
+    QStringList missing;
+    for (const KnownEntry &known : knownEntries())
+        if (known.products.contains(product))
+            missing += known.name;
     Definitions entries(findings);
-    QSet<QString> names;
     for (const XmlElement &entry : document.xml.root.children) {
-        const QString name = entry.value("name");
-        entries.add(entry.offsetOf("name"), compose("entry \"%1\"", name));
-        names.insert(name);
-        checkName(entry, product, findings);
+        missing.removeOne(entry.value("name"));
+        entries.add(entry.offsetOf("name"), compose("entry \"%1\"", entry.value("name")));
+    }
+    for (const XmlElement &entry : document.xml.root.children) {
+        checkName(entry, product, &missing, findings);
         checkValue(entry, findings);
     }
-    for (const KnownEntry &known : knownEntries())
-        if (known.products.contains(product) && !names.contains(known.name))
-            findings.error(document.xml.root.offset,
-                           "missing entry \"%1\", which the host of %2 reads as a %3; add it",
-                           known.name, product, entryTypeName(known.type));
+    for (const QString &name : qAsConst(missing))
+        findings.error(document.xml.root.offset,
+                       "missing entry \"%1\", which the host of %2 reads as a %3; add it", name,
+                       product, entryTypeName(findNamed(knownEntries(), name)->type));
 }
 
 } // namespace Quenda::Workbench

@@ -37,7 +37,9 @@ void checkShortcuts(const XmlElement &menuBar, Findings &findings)
                               : QKeySequence::fromString(value->text, QKeySequence::PortableText);
         const int place = value->offsetOfText();
         const bool isWrong = !isMenu && !isReadable(keys, value->text);
-        if (isWrong)
+        if (isWrong && value->text.isEmpty())
+            findings.error(place, "the shortcut is empty; remove <property name=\"shortcut\">");
+        else if (isWrong)
             findings.error(place,
                            "\"%1\" is not a valid shortcut; use up to four keys, such as "
                            "\"Ctrl+S\"",
@@ -133,9 +135,10 @@ private:
         if (!icon.has("theme") && (!file || file->text == QLatin1String(".")))
             findings.error(icon.offset, "the icon has no image; add <normaloff> with its path");
         else if (file && path != file->text)
-            findings.error(icon.offsetOfText(),
-                           "\"%1\" differs from \"%2\" in <normaloff>; write the same path twice",
-                           path, file->text);
+            findings.error(
+                icon.offsetOfText(),
+                "\"%1\" after <normaloff> differs from \"%2\" in it; write the same path", path,
+                file->text);
     }
 
     // What users read of it.
@@ -145,8 +148,9 @@ private:
         const QString text = value ? value->text : QString();
         const int place = value ? value->offsetOfText() : object.offset;
         if (text.isEmpty())
-            return findings.error(place, "\"%1\" has no %2; add it", object.value("name"),
-                                  property);
+            return findings.error(place, "\"%1\" has no %2; %3", object.value("name"), property,
+                                  value ? compose("write it")
+                                        : compose("add <property name=\"%1\">", property));
         if (text != text.trimmed())
             findings.warning(place, "white space around \"%1\"; remove it", text);
         QString marks = text;

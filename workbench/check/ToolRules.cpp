@@ -106,10 +106,12 @@ private:
                         "module \"%1\" is declared only in line %2; move that before line %3",
                         later->value("id"), findings.lineOf(*later), findings.lineOf(part));
                 else
-                    findings.error(offset, "there is no module for \"%1\"; %2", reference,
-                                   didYouMean(nearest(reference, modules),
-                                              compose("add <module id=\"%1\"> before line %2",
-                                                      reference.mid(1), findings.lineOf(part))));
+                    findings.error(
+                        offset, "there is no module for \"%1\"; %2", reference,
+                        didYouMean(
+                            nearest(reference, modules),
+                            compose("add <module id=\"%1\" path=\"%LIBRARY%/...\"/> before line %2",
+                                    reference.mid(1), findings.lineOf(part))));
             }
         }
     }

@@ -16,10 +16,7 @@ struct Document
     XmlDocument xml;
 };
 
-/** Those of a place, at most one of each kind. */
+/** At most one of each kind. */
 using Documents = std::vector<Document>;
-
-/** The one of this kind, which has to be there. */
-const Document &documentOf(const Documents &documents, DocumentKind kind);
 
 } // namespace Quenda::Workbench

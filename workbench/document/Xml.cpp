@@ -181,7 +181,10 @@ private:
         if (begins("</") && open.empty())
             return {start, compose("this end tag closes nothing; remove it")};
         if (begins("</"))
-            return nestingError(start, "this end tag does not match <%1> of line %2; write </%1>");
+            return nestingError(start, closesAnyOf(rest)
+                                           ? "<%1> of line %2 is not closed; add </%1> before this"
+                                           : "this end tag does not match <%1> of line %2; write "
+                                             "</%1>");
         if (!document.root.name.isEmpty())
             return {start, compose("only one root element is allowed; remove this")};
         if (begins("<!DOCTYPE") && document.documentType.isEmpty())
@@ -192,12 +195,12 @@ private:
         static const QRegularExpression reference(QStringLiteral("&[^\\s;<'\"]*[\\s;<'\"]$"));
         const auto match = reference.match(text.left(last + 1));
         if (match.hasMatch() && !begins("<!") && !begins("<?"))
-            return {
-                match.capturedStart(),
-                match.captured().endsWith(QLatin1Char(';'))
-                    ? compose("unknown reference \"%1\"; write \"&amp;\" for the character \"&\"",
-                              match.captured())
-                    : compose("a lone \"&\"; write \"&amp;\" for the character")};
+            return {match.capturedStart(),
+                    match.captured().endsWith(QLatin1Char(';'))
+                        ? compose("unknown reference \"%1\"; write the character itself, or "
+                                  "\"&amp;\" for \"&\"",
+                                  match.captured())
+                        : compose("a lone \"&\"; write \"&amp;\" for the character")};
         if (begins("<") && last == start + 1)
             return {start, compose("\"<\" begins no tag; write \"&lt;\" for the character")};
         if (begins("<") && !begins("<!") && !begins("<?"))
@@ -226,10 +229,27 @@ private:
         }
         if (xml.errorString().startsWith(QLatin1String("Expected '='")))
             return {last, compose("add \"=\" and a value in quotation marks before this")};
-        return {last,
-                compose("\"%1\" is not allowed in the tag of line %2; add the quotation mark or "
-                        "\">\" that is missing before it",
-                        characterAt(text, last), positionOf(text, start).line)};
+        // Behind the end of a value, nothing is missing but a blank.
+        const QString before = text.mid(start, last - start).trimmed();
+        static const QRegularExpression value(QStringLiteral("[^=\\s]\\s*[\"']$"));
+        const QChar character = text.at(last);
+        return {last, compose("\"%1\" is not allowed in the tag of line %2; %3",
+                              characterAt(text, last), positionOf(text, start).line,
+                              character.category() == QChar::Punctuation_InitialQuote
+                                      || character.category() == QChar::Punctuation_FinalQuote
+                                  ? "write a straight quotation mark"
+                              : !value.match(before).hasMatch()
+                                  ? "add the quotation mark or \">\" that is missing before it"
+                              : character.isLetter()          ? "write a blank before it"
+                              : character == QLatin1Char('<') ? "add \">\" before it"
+                                                              : "remove it")};
+    }
+
+    bool closesAnyOf(const QStringRef &endTag) const
+    {
+        return std::any_of(open.begin(), open.end(), [&endTag](const XmlElement &element) {
+            return endTag.startsWith(compose("</%1>", element.name));
+        });
     }
 
     // At the first sign of it.

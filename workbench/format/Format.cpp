@@ -19,6 +19,12 @@ QStringList Element::variants() const
     return {};
 }
 
+QString Element::tag() const
+{
+    return key ? compose("<%1 %2=\"%3\">", name, key, variants().join(QLatin1Char('|')))
+               : compose("<%1>", name);
+}
+
 const Element *Element::child(const XmlElement &element) const
 {
     for (const Part &part : parts)
@@ -33,6 +39,12 @@ const QVector<const Format *> &allFormats()
 {
     static const QVector<const Format *> formats {&entryFormat(), &toolFormat(), &menuFormat()};
     return formats;
+}
+
+const Document &documentOf(const Documents &documents, DocumentKind kind)
+{
+    return *std::find_if(documents.begin(), documents.end(),
+                         [kind](const Document &one) { return one.format->kind == kind; });
 }
 
 Value anyText()
@@ -52,7 +64,7 @@ Value number(int least, int most)
     const QString pattern = digits.size() == 1
                                 ? compose("[%1-%2]", least, most)
                                 : compose("[%1-9][0-9]{0,%2}", least, digits.size() - 1);
-    return matching(qPrintable(pattern), compose("a number from %1 to %2", least, most));
+    return matching(qPrintable(pattern), compose("a whole number from %1 to %2", least, most));
 }
 
 Value oneOf(std::initializer_list<const char *> values)

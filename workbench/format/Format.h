@@ -53,6 +53,8 @@ struct Element
 
     /** What the key may be; empty without a key. */
     QStringList variants() const;
+    /** Its start tag, with the key: <property name="text">. */
+    QString tag() const;
     /** The declaration of one of its children; null when it may not have this one. */
     const Element *child(const XmlElement &element) const;
 };
@@ -73,6 +75,9 @@ const Format &entryFormat();
 const Format &toolFormat();
 const Format &menuFormat();
 const QVector<const Format *> &allFormats();
+
+/** The document of this kind, which has to be there. */
+const Document &documentOf(const Documents &documents, DocumentKind kind);
 
 /** Its RELAX NG schema, with the sentences, for editors. */
 QString schemaOf(const Format &format);

@@ -1,20 +1,42 @@
 #include "format/Format.h"
 
+#include <QSet>
+
 namespace Quenda::Workbench {
 
 namespace {
 
+// The tags of all elements that may contain one of this name.
+void collectParents(const Element &declared, const QString &name, QStringList *tags,
+                    QSet<const Element *> *seen)
+{
+    seen->insert(&declared);
+    for (const Element::Part &part : declared.parts)
+        for (const Element *child : part.elements) {
+            if (name == QLatin1String(child->name) && !tags->contains(declared.tag()))
+                tags->append(declared.tag());
+            if (!seen->contains(child))
+                collectParents(*child, name, tags, seen);
+        }
+}
+
 class ShapeChecker
 {
 public:
-    explicit ShapeChecker(Findings &collected) : findings(collected) { }
+    ShapeChecker(const Element &declaredRoot, Findings &collected)
+        : root(declaredRoot), findings(collected)
+    {
+    }
 
     void check(const XmlElement &element, const Element &declared)
     {
         checkAttributes(element, declared);
         if (!declared.text && element.textOffset >= 0)
-            findings.error(element.textOffset, "text \"%1\" is not allowed in <%2>; remove it",
-                           element.text.simplified(), element.name);
+            findings.error(element.textOffset, "text \"%1\" is not allowed in <%2>; %3",
+                           element.text.simplified(), element.name,
+                           declared.parts.size() == 1 && declared.parts[0].elements.size() == 1
+                               ? compose("put it into %1", declared.parts[0].elements[0]->tag())
+                               : compose("remove it"));
         else if (declared.text && !declared.text->allows(element.text))
             findings.error(element.offsetOfText(), "<%1> is \"%2\"; write %3", element.name,
                            element.text, declared.text->expected);
@@ -44,11 +66,30 @@ private:
             const QString meant = nearest(attribute.name, absent);
             missing.removeOne(meant);
             findings.error(attribute.offset, "unknown attribute \"%1\" in <%2>; %3", attribute.name,
-                           element.name, didYouMean(meant, compose("remove it")));
+                           element.name,
+                           didYouMean(meant, otherPlaceFor(attribute.name, declared)));
         }
-        for (const QString &name : qAsConst(missing))
-            findings.error(element.offset, "missing attribute \"%1\" in <%2>; add it", name,
-                           element.name);
+        for (const Attribute &attribute : declared.attributes)
+            if (missing.contains(QLatin1String(attribute.name)))
+                reportMissing(element, attribute.name, attribute.value.choices);
+    }
+
+    // What to do with an attribute that an element does not have.
+    static QString otherPlaceFor(const QString &attribute, const Element &declared)
+    {
+        for (const Element::Part &part : declared.parts)
+            for (const Element *child : part.elements)
+                if (child->variants().contains(attribute))
+                    return compose("write %1", child->tag());
+        return declared.text ? compose("write the value between the tags, or remove it")
+                             : compose("remove it");
+    }
+
+    void reportMissing(const XmlElement &element, const char *name, const QStringList &choices)
+    {
+        findings.error(
+            element.offset, "missing attribute \"%1\" in <%2>; add %3", name, element.name,
+            choices.size() == 1 ? compose("%1=\"%2\"", name, choices.constFirst()) : compose("it"));
     }
 
     void checkChildren(const XmlElement &parent, const Element &declared)
@@ -79,10 +120,11 @@ private:
             check(child, *one);
         }
         for (std::size_t part = 0; part < parts.size(); ++part)
-            if (const QString name = QLatin1String(parts[part].elements.front()->name);
+            if (const Element &element = *parts[part].elements.front();
                 parts[part].occurrence == Occurrence::Once && !first[part]
-                && !unknown.contains(name))
-                findings.error(parent.offset, "missing <%1> in <%2>; add it", name, parent.name);
+                && !unknown.contains(QLatin1String(element.name)))
+                findings.error(parent.offset, "missing %1 in <%2>; add it", element.tag(),
+                               parent.name);
     }
 
     // Returns the name of the element that may be meant.
@@ -103,11 +145,16 @@ private:
         names.removeDuplicates();
         if (!key) {
             const QString meant = nearest(child.name, names);
-            findings.error(child.offset, "<%1> is not allowed in <%2>; %3", child.name, parent.name,
-                           didYouMean(meant, names.isEmpty()
-                                                 ? compose("remove it")
-                                                 : compose("it can contain <%1>",
-                                                           names.join(QLatin1String(">, <")))));
+            QStringList parents;
+            QSet<const Element *> seen;
+            collectParents(root, child.name, &parents, &seen);
+            findings.error(
+                child.offset, "<%1> is not allowed in <%2>; %3", child.name, parent.name,
+                didYouMean(meant, !parents.isEmpty() ? compose("move it into %1",
+                                                               parents.join(QLatin1String(" or ")))
+                                  : names.isEmpty()  ? compose("write text, or nothing")
+                                                     : compose("it can contain <%1>",
+                                                               names.join(QLatin1String(">, <")))));
             return meant;
         }
         if (child.has(key))
@@ -116,11 +163,11 @@ private:
                            didYouMean(nearest(child.value(key), variants),
                                       compose("there are: %1", listed(variants))));
         else
-            findings.error(child.offset, "missing attribute \"%1\" in <%2>; add it", key,
-                           child.name);
+            reportMissing(child, key, variants);
         return child.name;
     }
 
+    const Element &root;
     Findings &findings;
 };
 
@@ -131,7 +178,7 @@ void checkShape(const Document &document, Findings &findings)
     const Element &declared = document.format->root;
     const XmlElement &root = document.xml.root;
     if (root.is(declared.name))
-        ShapeChecker(findings).check(root, declared);
+        ShapeChecker(declared, findings).check(root, declared);
     else
         findings.error(root.offset, "the root is <%1>; write <%2>", root.name, declared.name);
 }

@@ -9,7 +9,7 @@ namespace {
 struct ToolFormat
 {
     const Value pixels = number(0, 999);
-    const Value mask = matching(maskPattern, QStringLiteral("a number such as 17 or 0x11"));
+    const Value mask = matching(maskPattern, QStringLiteral("one number, such as 17 or 0x11"));
 
     const Attribute id {"id", name(),
                         "The name of the tool or key in its module; keep it for ever."};
@@ -53,8 +53,9 @@ struct ToolFormat
         "A plug-in library that provides tools or keys; stands before the first of them.",
         {{"id", name(), "What xlink:href names the module by."},
          {"path",
-          matching("%LIBRARY%/[^\\s/.]([^\\t\\n\\r/.]*[^\\s/.])?",
-                   QStringLiteral("\"%LIBRARY%/\" and a library's base name")),
+          matching(
+              "%LIBRARY%/[^\\s/.]([^\\t\\n\\r/.]*[^\\s/.])?",
+              QStringLiteral("\"%LIBRARY%/\" and the library's name without \"lib\" and \".so\"")),
           "%LIBRARY%/, the host's library folder, and the library's base name."}}};
     const Element toolBox {"toolbox",
                            "Tool buttons in a grid, row by row.",

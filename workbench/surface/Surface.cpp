@@ -2,6 +2,7 @@
 
 #include "document/Text.h"
 #include "document/ToolDocument.h"
+#include "format/Format.h"
 #include "surface/ToolBoxGrid.h"
 
 #include <QAction>

@@ -1,4 +1,4 @@
-#include "document/Place.h"
+#include "Place.h"
 
 #include "document/Text.h"
 #include "format/Format.h"
@@ -66,12 +66,6 @@ Documents Place::read() const
         documents.push_back(std::move(document));
     }
     return documents;
-}
-
-const Document &documentOf(const Documents &documents, DocumentKind kind)
-{
-    return *std::find_if(documents.begin(), documents.end(),
-                         [kind](const Document &one) { return one.format->kind == kind; });
 }
 
 } // namespace Quenda::Workbench

@@ -15,7 +15,7 @@ struct HostState
 struct Product
 {
     QString id; ///< In lower case.
-    QVector<HostState> states; ///< All that its host can be in.
+    QVector<HostState> states; ///< All states of its host.
 };
 
 /** How a host reads an entry. */
@@ -31,14 +31,14 @@ struct KnownEntry
 {
     QString name;
     EntryType type;
-    QStringList products; ///< Whose hosts read it from the product's entry document.
+    QStringList products; ///< Their hosts read it from the entry document.
     QString purpose; ///< In a few words, for reports and pages.
 };
 
 /** All products. */
 const QVector<Product> &knownProducts();
 
-/** The product with this id; null when it is unknown. */
+/** The product with this id; null if it is unknown. */
 const Product *findProduct(const QString &id);
 
 /** All entries that the hosts read, in the order in which they are reported. */

@@ -7,8 +7,8 @@
 
 namespace Quenda::Kit {
 
-// Applications depend on there being no virtual destructor. Whoever includes this may have the
-// warning on.
+// Without a virtual destructor, because applications depend on that. Files that include this header
+// may have the warning on.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
 QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")

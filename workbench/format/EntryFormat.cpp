@@ -7,14 +7,16 @@ namespace {
 // The entry document, confs.xml.
 struct EntryFormat
 {
-    const Element entry {"entry",
-                         "A value that the host looks up by its name; no text is the empty value.",
-                         {{"name", name(), "What the host looks the value up by; case matters."}},
-                         {},
-                         anyText()};
+    const Element entry {
+        "entry",
+        "A value for the host, as text; without text, the value is empty.",
+        {{"name", name(),
+          "Name of the value, by which the host finds it; upper and lower case differ."}},
+        {},
+        anyText()};
     const Element root {
         "quendaconfig",
-        "The configuration of one product, entry by entry.",
+        "The configuration of one product, one entry for each value.",
         {{"version", oneOf({"1.0"}), "Version of the format, always 1.0."}, xlinkNamespace()},
         {anyOf({&entry})}};
 };

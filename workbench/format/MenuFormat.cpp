@@ -20,75 +20,78 @@ struct MenuFormat
     const Element string {
         "string",
         "A text.",
-        {{"notr", flag, "Not to be translated.", Occurrence::Optional},
-         {"comment", anyText(), "For translators: what tells it from others of the same text.",
+        {{"notr", flag, "true: translators leave it as it is.", Occurrence::Optional},
+         {"comment", anyText(),
+          "For translators: how it differs from the same text in another place.",
           Occurrence::Optional},
          {"extracomment", anyText(), "For translators: a hint.", Occurrence::Optional},
-         {"id", anyText(), "For translators: the text's own name.", Occurrence::Optional}},
+         {"id", anyText(), "For translators: an identifier of the text.", Occurrence::Optional}},
         {},
         anyText()};
     const Element boolean {"bool", "true or false.", {}, {}, flag};
 
     const Element imagePath {
         "normaloff",
-        "Resource path of the image.",
+        "Path of the image in the host's resources.",
         {},
         {},
         matching(":/([^\\t\\n\\r]*\\S)|\\.",
                  QStringLiteral("a resource path such as :/images/actions/notch_v.png"))};
     const Element iconSet {
         "iconset",
-        "The image's path twice: in normaloff, and as text behind that.",
-        {{"theme", anyText(), "Name in the desktop's icon theme.", Occurrence::Optional},
-         {"resource", anyText(), "Designer's resource file.", Occurrence::Optional}},
+        "An image; write its path in normaloff, and the same path after that.",
+        {{"theme", anyText(), "Name of an icon in the desktop's theme.", Occurrence::Optional},
+         {"resource", anyText(), "Resource file that Qt Designer uses.", Occurrence::Optional}},
         {{{&imagePath}, Occurrence::Optional}},
         anyText()};
     const Element menuRoleName {
         "enum",
-        "The role's name.",
+        "Name of the role.",
         {},
         {},
         oneOf({"QAction::NoRole", "QAction::TextHeuristicRole", "QAction::ApplicationSpecificRole",
                "QAction::AboutQtRole", "QAction::AboutRole", "QAction::PreferencesRole",
                "QAction::QuitRole"})};
 
-    const Element enabled = property("enabled", boolean, "It can be chosen.");
-    const Element toolTip = property("toolTip", string, "Shown under the mouse.");
-    const Element statusTip = property("statusTip", string, "Shown in the status bar.");
-    const Element whatsThis = property("whatsThis", string, "Shown as help.");
+    const Element enabled = property("enabled", boolean, "false: greyed out.");
+    const Element toolTip = property("toolTip", string, "Text shown beside the mouse pointer.");
+    const Element statusTip = property("statusTip", string, "Text shown in the status bar.");
+    const Element whatsThis = property("whatsThis", string, "Text shown as help.");
 
-    const Element text = property(
-        "text", string,
-        "What menus show; \"&\", written &amp;, stands before the letter that chooses it.");
-    const Element shortcut = property("shortcut", string, "Keys for the command, such as Ctrl+S.");
-    const Element checkable = property("checkable", boolean, "It has a check mark.");
-    const Element checked =
-        property("checked", boolean, "Its check mark is set at first; stands behind checkable.");
-    const Element icon = property("icon", iconSet, "An image from the host's resources.");
-    const Element iconVisible = property("iconVisibleInMenu", boolean, "Menus show its icon.");
+    const Element text =
+        property("text", string,
+                 "Text in the menu; write &amp; before the letter that chooses the command.");
+    const Element shortcut =
+        property("shortcut", string, "Keys that call the command, such as Ctrl+S.");
+    const Element checkable = property("checkable", boolean, "true: it can have a check mark.");
+    const Element checked = property(
+        "checked", boolean, "true: it has a check mark at first; must come after checkable.");
+    const Element icon = property("icon", iconSet, "Image beside the text.");
+    const Element iconVisible =
+        property("iconVisibleInMenu", boolean, "true: menus show its icon.");
     const Element autoRepeat =
-        property("autoRepeat", boolean, "It repeats while its keys are held.");
-    const Element visible = property("visible", boolean, "Menus show it.");
+        property("autoRepeat", boolean, "true: it repeats while its keys are held down.");
+    const Element visible = property("visible", boolean, "false: hidden in menus.");
     const Element menuRole = property("menuRole", menuRoleName, "Where macOS shows it.");
     const Element action {
         "action",
-        "A command; it is there for the host whether a menu shows it or not.",
-        {{"name", name(), "Object name, by which the host finds the command; keep it for ever."}},
+        "A command; the host can find it even if no menu shows it.",
+        {{"name", name(), "Object name, by which the host finds the command; never change it."}},
         {anyOf({&text, &shortcut, &checkable, &checked, &icon, &iconVisible, &autoRepeat, &enabled,
                 &visible, &toolTip, &statusTip, &whatsThis, &menuRole})}};
 
     const Element item {
         "addaction",
-        "One item of a menu, or one menu of the bar.",
-        {{"name", name(), "Object name of an action, or of a menu defined here, or separator."}}};
-    const Element title = property("title", string,
-                                   "What users read of the menu; \"&\", written &amp;, stands "
-                                   "before the letter that opens it.");
+        "Shows a command, a sub-menu or a separator in a menu, or a menu in the menu bar.",
+        {{"name", name(),
+          "Object name of an action, or of a menu that is defined in this widget, or separator."}}};
+    const Element title =
+        property("title", string, "Text of the menu; write &amp; before the letter that opens it.");
     const Element menu {
         "widget",
-        "A menu: its properties, its sub-menus, then its items in their order.",
+        "A menu: first its properties, then its sub-menus, then its items in their order.",
         {{"class", oneOf({"QMenu"}), "Class of the widget."},
-         {"name", name(), "Object name, by which the host finds the menu; keep it for ever."}},
+         {"name", name(), "Object name, by which the host finds the menu; never change it."}},
         {anyOf({&title, &enabled, &toolTip, &statusTip, &whatsThis}), anyOf({&menu}),
          anyOf({&item})},
         {},
@@ -101,10 +104,10 @@ struct MenuFormat
     const Element rect {
         "rect", "A rectangle, in pixels.", {}, {once(x), once(y), once(width), once(height)}};
     const Element geometry =
-        property("geometry", rect, "Place and size of the menu bar in Designer.");
+        property("geometry", rect, "Position and size of the menu bar in Qt Designer.");
     const Element menuBar {
         "widget",
-        "The menu bar: its menus, then all actions, then the order of the menus.",
+        "The menu bar: first all menus, then all actions, then the order of the menus.",
         {{"class", oneOf({"QMenuBar"}), "Class of the widget."},
          {"name", oneOf({"menubar"}), "Object name."}},
         {once(geometry), anyOf({&menu}), anyOf({&action}), anyOf({&item})},
@@ -112,13 +115,15 @@ struct MenuFormat
         "class"};
 
     const Element formName {"class", "Name of the form.", {}, {}, oneOf({"menubar"})};
-    const Element include {
-        "include", "A resource file that Designer knows.", {{"location", anyText(), "Its path."}}};
-    const Element resources {"resources", "Designer's resource files.", {}, {anyOf({&include})}};
+    const Element include {"include",
+                           "A resource file that Qt Designer uses.",
+                           {{"location", anyText(), "Its path."}}};
+    const Element resources {
+        "resources", "Resource files that Qt Designer uses.", {}, {anyOf({&include})}};
     const Element connections {"connections", "Always empty."};
     const Element root {"ui",
                         "The menu bar of one product, in the format of Qt Designer.",
-                        {{"version", oneOf({"4.0"}), "Version of Designer's format."}},
+                        {{"version", oneOf({"4.0"}), "Version of Qt Designer's format."}},
                         {once(formName), once(menuBar), once(resources), once(connections)}};
 };
 

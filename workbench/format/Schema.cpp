@@ -31,11 +31,11 @@ public:
     void write(const Format &format)
     {
         xml.writeStartDocument();
-        xml.writeComment(
-            compose("\n  Printed by \"quenda-workbench schema %1\". What stands before "
-                    "the root, and what one place has to do with\n  another, only "
-                    "\"quenda-workbench check\" tells.\n",
-                    format.schema));
+        xml.writeComment(compose(
+            "\n  Printed by \"quenda-workbench schema %1\". Only \"quenda-workbench check\" "
+            "checks what comes before\n  the root element, and whether elements fit "
+            "together.\n",
+            format.schema));
         write("grammar", [&] {
             attribute("xmlns", "http://relaxng.org/ns/structure/1.0");
             attribute("xmlns:a", "http://relaxng.org/ns/compatibility/annotations/1.0");

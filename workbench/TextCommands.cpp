@@ -7,6 +7,9 @@ namespace Quenda::Workbench {
 
 Status checkCommand(const QStringList &places, const QCommandLineParser &)
 {
+    QStringList knownIds;
+    for (const Product &product : knownProducts())
+        knownIds += product.id;
     QVector<Finding> findings;
     std::size_t documents = 0;
     Status worst = NoErrors;
@@ -20,7 +23,7 @@ Status checkCommand(const QStringList &places, const QCommandLineParser &)
         if (!findProduct(product))
             inform(compose("%1: the product \"%2\" is unknown, so its states and entries are not "
                            "checked; there are: %3",
-                           name, product, listed(Place::builtInProducts())));
+                           name, product, listed(knownIds)));
         findings += loaded.findings;
         documents += loaded.documents.size();
     }

@@ -13,10 +13,12 @@ namespace {
 
 // The library reads entries with QDomDocument, which takes some texts for others. The other
 // documents are read by hosts, with readers of their own.
-void checkAgreement(const XmlElement &root, const QDomElement &dom, Findings &findings)
+void checkAgreement(const Document &document, Findings &findings)
 {
-    QDomElement domEntry = dom.firstChildElement();
-    for (const XmlElement &entry : root.children) {
+    QDomDocument dom;
+    dom.setContent(document.xml.text);
+    QDomElement domEntry = dom.documentElement().firstChildElement();
+    for (const XmlElement &entry : document.xml.root.children) {
         for (const auto &[offset, own, other] :
              {std::tuple(entry.offsetOf("name"), entry.value("name"),
                          domEntry.attribute(QStringLiteral("name"))),
@@ -33,15 +35,9 @@ void checkAgreement(const XmlElement &root, const QDomElement &dom, Findings &fi
 void checkMeaning(const Document &document, const QString &product, Findings &findings)
 {
     switch (document.format->kind) {
-    case DocumentKind::Entries: {
-        QDomDocument dom;
-        QString message;
-        if (!dom.setContent(document.xml.text, &message))
-            return findings.error(document.xml.root.offset, "the library cannot read this: %1",
-                                  message);
-        checkAgreement(document.xml.root, dom.documentElement(), findings);
+    case DocumentKind::Entries:
+        checkAgreement(document, findings);
         return checkEntries(document, product, findings);
-    }
     case DocumentKind::Tools:
         return checkTools(document, product, findings);
     case DocumentKind::Menus:

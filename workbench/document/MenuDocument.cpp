@@ -5,8 +5,8 @@ namespace Quenda::Workbench {
 const XmlElement *objectIn(const XmlElement &parent, const char *element, const QString &name)
 {
     const auto &children = parent.children;
-    const auto found = std::find_if(children.begin(), children.end(), [&](const XmlElement &one) {
-        return one.is(element) && one.value("name") == name;
+    const auto found = std::find_if(children.begin(), children.end(), [&](const XmlElement &child) {
+        return child.is(element) && child.value("name") == name;
     });
     return found == children.end() ? nullptr : &*found;
 }

@@ -28,10 +28,11 @@ QString Element::tag() const
 const Element *Element::child(const XmlElement &element) const
 {
     for (const Part &part : parts)
-        for (const Element *one : part.elements)
-            if (element.is(one->name)
-                && (!one->key || one->variants().contains(element.value(one->key))))
-                return one;
+        for (const Element *candidate : part.elements)
+            if (element.is(candidate->name)
+                && (!candidate->key
+                    || candidate->variants().contains(element.value(candidate->key))))
+                return candidate;
     return nullptr;
 }
 
@@ -43,8 +44,9 @@ const QVector<const Format *> &allFormats()
 
 const Document &documentOf(const Documents &documents, DocumentKind kind)
 {
-    return *std::find_if(documents.begin(), documents.end(),
-                         [kind](const Document &one) { return one.format->kind == kind; });
+    return *std::find_if(documents.begin(), documents.end(), [kind](const Document &document) {
+        return document.format->kind == kind;
+    });
 }
 
 Value anyText()

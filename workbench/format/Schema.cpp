@@ -88,12 +88,12 @@ private:
     {
         write("element", [&] {
             writeHead(element.name, element.sentence);
-            for (const Attribute &one : element.attributes)
-                if (!isNamespace(one))
-                    writeIf(one.occurrence == Occurrence::Optional, "optional", [&] {
+            for (const Attribute &declared : element.attributes)
+                if (!isNamespace(declared))
+                    writeIf(declared.occurrence == Occurrence::Optional, "optional", [&] {
                         write("attribute", [&] {
-                            writeHead(one.name, one.sentence);
-                            writeValue(one.value);
+                            writeHead(declared.name, declared.sentence);
+                            writeValue(declared.value);
                         });
                     });
             writeIf(element.text && !element.parts.empty(), "mixed", [&] {
@@ -112,10 +112,10 @@ private:
         const char *many = part.occurrence == Occurrence::Optional ? "optional" : "zeroOrMore";
         writeIf(part.occurrence != Occurrence::Once, many, [&] {
             writeIf(part.elements.size() > 1, "choice", [&] {
-                for (const Element *one : part.elements) {
-                    if (std::find(defined.begin(), defined.end(), one) == defined.end())
-                        defined.push_back(one);
-                    write("ref", [&] { attribute("name", definitionName(*one)); });
+                for (const Element *child : part.elements) {
+                    if (std::find(defined.begin(), defined.end(), child) == defined.end())
+                        defined.push_back(child);
+                    write("ref", [&] { attribute("name", definitionName(*child)); });
                 }
             });
         });

@@ -99,13 +99,14 @@ private:
         std::size_t present = 0; // the part to which the child before belongs
         QStringList unknown;
         for (const XmlElement &child : parent.children) {
-            const Element *one = declared.child(child);
-            if (!one) {
+            const Element *declaredChild = declared.child(child);
+            if (!declaredChild) {
                 unknown += reportUnknown(child, parent, declared);
                 continue;
             }
             std::size_t part = 0;
-            while (!std::count(parts[part].elements.begin(), parts[part].elements.end(), one))
+            while (!std::count(parts[part].elements.begin(), parts[part].elements.end(),
+                               declaredChild))
                 ++part;
             if (part < present)
                 findings.error(child.offset, "<%1> must come before <%2> of line %3; move it there",
@@ -117,7 +118,7 @@ private:
                                "a second <%1> in <%2>; the first is in line %3; remove one",
                                child.name, parent.name, findings.lineOf(*first[part]));
             present = part;
-            check(child, *one);
+            check(child, *declaredChild);
         }
         for (std::size_t part = 0; part < parts.size(); ++part)
             if (const Element &element = *parts[part].elements.front();
@@ -135,11 +136,11 @@ private:
         QStringList variants; // of its name
         const char *key = nullptr;
         for (const Element::Part &part : declared.parts)
-            for (const Element *one : part.elements) {
-                names += QLatin1String(one->name);
-                if (child.is(one->name)) {
-                    variants += one->variants();
-                    key = one->key;
+            for (const Element *candidate : part.elements) {
+                names += QLatin1String(candidate->name);
+                if (child.is(candidate->name)) {
+                    variants += candidate->variants();
+                    key = candidate->key;
                 }
             }
         names.removeDuplicates();

@@ -32,10 +32,10 @@ QStringList wordsOf(const XmlElement &element, const Element &declared)
             words += name + QLatin1Char(' ') + value;
     }
     for (const Element::Part &part : declared.parts)
-        for (const Element *one : part.elements)
-            if (const XmlElement *value = propertyOf(element, one->variants().value(0)))
-                words += one->variants().constFirst() + QLatin1Char(' ')
-                         + summaryOf(*value, *one->child(*value));
+        for (const Element *property : part.elements)
+            if (const XmlElement *value = propertyOf(element, property->variants().value(0)))
+                words += property->variants().constFirst() + QLatin1Char(' ')
+                         + summaryOf(*value, *property->child(*value));
     if (declared.text) // without the white space between its elements
         words +=
             shown(*declared.text, declared.parts.empty() ? element.text : element.text.trimmed());
@@ -85,12 +85,12 @@ private:
                 continue;
             const XmlElement *named = isItem ? shownBy(child, parent, *menuBar) : nullptr;
             const XmlElement &element = named ? *named : child;
-            const Element *one = declared.child(element);
-            if (!one) // an action is defined in the bar
-                one = declaredRoot.child(*menuBar)->child(element);
-            const QStringList words = QStringList(element.name) + wordsOf(element, *one);
+            const Element *declaration = declared.child(element);
+            if (!declaration) // an action is defined in the bar
+                declaration = declaredRoot.child(*menuBar)->child(element);
+            const QStringList words = QStringList(element.name) + wordsOf(element, *declaration);
             text += indentation + words.join(QLatin1String("  ")) + QLatin1Char('\n');
-            addLines(element, *one, indentation + QLatin1String("  "));
+            addLines(element, *declaration, indentation + QLatin1String("  "));
         }
     }
 

@@ -3,8 +3,8 @@ add_library(QuendaBuildOptions INTERFACE)
 target_compile_options(QuendaBuildOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wundef -Wcast-align -Wcast-qual -Wformat=2
     -Wold-style-cast -Woverloaded-virtual -Wsuggest-override)
-# The store has no virtual destructor, and boost::shared_ptr deletes it as the concrete type. The
-# warning is Clang's; it stands in g++'s commands too, since the analysers read those with Clang.
+# The store has no virtual destructor, and boost::shared_ptr deletes it as the concrete type. This is a
+# warning of Clang. g++'s commands have the option, too, because the analysers read them with Clang.
 target_compile_options(QuendaBuildOptions INTERFACE -Wno-delete-non-abstract-non-virtual-dtor)
 target_compile_definitions(QuendaBuildOptions INTERFACE
     QT_NO_CAST_FROM_ASCII

@@ -116,7 +116,7 @@ public:
             openWindow(QStringLiteral("none {file}"));
             activateFinding();
         });
-        step("mended", [this] { save(tools, goodTools); });
+        step("corrected", [this] { save(tools, goodTools); });
         step("without a warning", [this] { save(entries, goodEntries); });
         step("removed", [this] { QFile::remove(tools); });
         step("put back", [this] { save(tools, goodTools); });

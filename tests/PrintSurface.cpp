@@ -58,7 +58,7 @@ QString looksOf(QToolButton &button)
     return looks.join(QLatin1String(", "));
 }
 
-// What Qt does not tell of an icon: the file that it was made of.
+// The file of an icon, for which Qt has no getter.
 QString nameOf(const QIcon &icon)
 {
     QByteArray bytes;

@@ -9,12 +9,12 @@
 
 namespace Quenda::Workbench {
 
-/** What an attribute or a text may be; anything when nothing is said. */
+/** What an attribute or a text may be; by default, any text. */
 struct Value
 {
-    QStringList choices {}; ///< All that there are, or none where a pattern tells.
-    QString pattern {}; ///< What the whole value matches, to XML Schema as to Qt.
-    QString expected {}; ///< For people, after the word "write".
+    QStringList choices {}; ///< All that are allowed; empty where there is a pattern.
+    QString pattern {}; ///< Of the whole value, with the same meaning in XML Schema and Qt.
+    QString expected {}; ///< What to write, for people.
     QRegularExpression whole {}; ///< The pattern for Qt, compiled once.
     bool isStyleSheet = false; ///< Whether Qt has to be able to read it as a style sheet.
 
@@ -29,11 +29,11 @@ struct Attribute
 {
     const char *name;
     Value value;
-    const char *sentence; ///< What it is, for people; as of an element.
+    const char *sentence; ///< What it is for, as editors show it.
     Occurrence occurrence = Occurrence::Once;
 };
 
-/** An element. */
+/** An element and its content. */
 struct Element
 {
     /** A part of its content: these elements, in any order. */
@@ -46,7 +46,7 @@ struct Element
     const char *name;
     const char *sentence;
     std::vector<Attribute> attributes {};
-    std::vector<Part> parts {}; ///< In this order.
+    std::vector<Part> parts {}; ///< They follow each other in this order.
     std::optional<Value> text {}; ///< Without one, it contains elements only.
     /** Where several elements have one name, such as properties: the attribute that differs. */
     const char *key = nullptr;
@@ -83,12 +83,12 @@ const Document &documentOf(const Documents &documents, DocumentKind kind);
 QString schemaOf(const Format &format);
 
 /**
- * That a document has the elements, attributes, texts and values of its format and no others. Its
- * schema accepts the same, but that it does not see declarations of namespaces.
+ * Checks that a document has the elements, attributes, texts and values of its format, and no
+ * others. The schema accepts the same, but does not see declarations of namespaces.
  */
 void checkShape(const Document &document, Findings &findings);
 
-/** What stands before the root, and the characters that the document is written in. */
+/** Checks what comes before the root, and which characters the document has. */
 void checkProlog(const Document &document, Findings &findings);
 
 // What the declarations share.

@@ -120,7 +120,7 @@ public:
         step("without a warning", [this] { save(entries, goodEntries); });
         step("removed", [this] { QFile::remove(tools); });
         step("put back", [this] { save(tools, goodTools); });
-        step("folder removed", [this] { QDir(QStringLiteral("first")).removeRecursively(); });
+        step("folder removed", [] { QDir(QStringLiteral("first")).removeRecursively(); });
         step("folder put back", [] { copyInto(QStringLiteral("first")); });
         step("saved there", [this] { save(tools, withTool("there")); });
         step("folder renamed", [] { std::rename("first", "second"); });

@@ -101,10 +101,15 @@ private:
     {
         if (open.size() == maximumDepth)
             document.error = {offset, compose("nested more than %1 elements deep", maximumDepth)};
-        if (!open.empty())
-            compareIndentation(open.back(), offset, false);
         XmlElement element;
         element.name = xml.qualifiedName().toString();
+        if (!open.empty()) {
+            compareIndentation(open.back(), offset, false);
+            if (open.back().textOffset >= 0 && open.back().name == element.name
+                && suspect.text.isEmpty())
+                suspect = {offset,
+                           compose("<%1> begins within <%1>; did you mean </%1>?", element.name)};
+        }
         element.offset = offset;
         auto written = attributesIn(text.mid(offset, behind - offset));
         for (const QXmlStreamAttribute &attribute : xml.attributes())
@@ -240,7 +245,8 @@ private:
                                   ? "write a straight quotation mark"
                               : !value.match(before).hasMatch()
                                   ? "add the quotation mark or \">\" that is missing before it"
-                              : character.isLetter()          ? "write a blank before it"
+                              : character.isLetter()
+                                  ? "write a blank before it, or \"&quot;\" for the quotation mark"
                               : character == QLatin1Char('<') ? "add \">\" before it"
                                                               : "remove it")};
     }

@@ -151,11 +151,13 @@ private:
             collectParents(root, child.name, &parents, &seen);
             findings.error(
                 child.offset, "<%1> is not allowed in <%2>; %3", child.name, parent.name,
-                didYouMean(meant, !parents.isEmpty() ? compose("move it into %1",
-                                                               parents.join(QLatin1String(" or ")))
-                                  : names.isEmpty()  ? compose("write text, or nothing")
-                                                     : compose("it can contain <%1>",
-                                                               names.join(QLatin1String(">, <")))));
+                didYouMean(
+                    meant,
+                    names.isEmpty()     ? compose("write text, or nothing")
+                    : names.size() == 1 ? compose("write <%1> instead", names.at(0))
+                    : !parents.isEmpty()
+                        ? compose("move it into %1", parents.join(QLatin1String(" or ")))
+                        : compose("it can contain <%1>", names.join(QLatin1String(">, <")))));
             return meant;
         }
         if (child.has(key))

@@ -139,11 +139,17 @@ private:
                     if (run != group)
                         findings.error(
                             tool->offsetOf("group"),
-                            "tool \"%1\" is apart from its group \"%2\", from line %3 to line %4; "
-                            "move it there",
-                            tool->value("id"), tool->value("group"),
-                            findings.lineOf(*group->front()), findings.lineOf(*group->back()));
+                            "tool \"%1\" is apart from its group \"%2\", %3; move it there",
+                            tool->value("id"), tool->value("group"), linesOf(*group));
         }
+    }
+
+    QString linesOf(const std::vector<const XmlElement *> &tools) const
+    {
+        const int first = findings.lineOf(*tools.front());
+        return tools.size() == 1
+                   ? compose("which is in line %1", first)
+                   : compose("from line %1 to line %2", first, findings.lineOf(*tools.back()));
     }
 
     void checkCells(const XmlElement &box)

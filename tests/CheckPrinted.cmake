@@ -4,7 +4,7 @@ separate_arguments(arguments UNIX_COMMAND "${ARGUMENTS}")
 execute_process(
     COMMAND "${PROGRAM}" ${arguments}
     OUTPUT_VARIABLE printed
-    TIMEOUT 60
+    TIMEOUT 120
     COMMAND_ERROR_IS_FATAL ANY)
 if(RENEW)
     file(WRITE "${FILE}" "${printed}")

@@ -1,5 +1,7 @@
 #include "StringLiterals.h"
 
+#include <Help/Controller.h>
+
 #include <QFile>
 #include <QLibrary>
 #include <QPointer>
@@ -19,11 +21,11 @@ private Q_SLOTS:
         QVERIFY2(library.load(), qPrintable(library.errorString()));
         QVERIFY(QFile::exists(path));
 
-        const auto controller = reinterpret_cast<QObject *(*)()>(
+        const auto controller = reinterpret_cast<Quenda::Help::Controller *(*)()>(
             library.resolve("_ZN6Quenda4Help10Controller8instanceEv"));
         QVERIFY(controller);
         const QPointer<QObject> madeOnce(controller());
-        QCOMPARE(controller(), madeOnce.data());
+        QCOMPARE(static_cast<QObject *>(controller()), madeOnce.data());
 
         const auto init =
             reinterpret_cast<void (*)()>(library.resolve("_ZN6Quenda3Kit6Logger4initEv"));

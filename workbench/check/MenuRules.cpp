@@ -90,8 +90,7 @@ private:
             if (!child.is("widget") && !child.is("action"))
                 continue;
             checkName(child);
-            if (child.is("widget"))
-                menus.insert(child.value("name"), &child);
+            elements.insert(child.value("name"), &child);
             checkProperties(child);
             checkLabel(child, QLatin1String(child.is("widget") ? "title" : "text"));
             checkObjects(child);
@@ -190,7 +189,7 @@ private:
     void reportUnknown(const XmlElement &item, const XmlElement &menu)
     {
         const QString name = item.value("name");
-        if (const XmlElement *elsewhere = menus.value(name))
+        if (const XmlElement *elsewhere = elements.value(name))
             return findings.error(item.offsetOf("name"),
                                   "\"%1\" is a menu within another one in line %2; move that to "
                                   "\"%3\", or remove this",
@@ -210,7 +209,7 @@ private:
     const XmlElement &menuBar;
     Findings &findings;
     Definitions objects;
-    QMap<QString, const XmlElement *> menus; // of all levels
+    QMap<QString, const XmlElement *> elements; // by name, of all levels
 };
 
 } // namespace

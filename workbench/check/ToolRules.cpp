@@ -13,7 +13,7 @@ namespace {
 // Qt says only in a message that it cannot read one.
 bool isStyleSheet(const QString &text)
 {
-    static bool isReadable = true;
+    static bool isReadable;
     isReadable = true;
     const QtMessageHandler previous =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &message) {
@@ -21,7 +21,6 @@ bool isStyleSheet(const QString &text)
         });
     QToolButton button;
     button.setStyleSheet(text);
-    button.ensurePolished();
     qInstallMessageHandler(previous);
     return isReadable;
 }

@@ -145,7 +145,7 @@ private:
             }
         names.removeDuplicates();
         if (!key) {
-            const QString meant = nearest(child.name, names);
+            QString meant = nearest(child.name, names);
             QStringList parents;
             QSet<const Element *> seen;
             collectParents(root, child.name, &parents, &seen);

@@ -41,7 +41,7 @@ private Q_SLOTS:
         QVERIFY(QDir::setCurrent(directory.path()));
         copyProduct(u"wrong/tesmar"_s, u"tools.xml"_s, "full view", "full v\xc3\xaew");
         copyProduct(u"odd/tesmar"_s, u"confs.xml"_s, ">entp<", "> entp<");
-        copyProduct(u"partial"_s);
+        copyProduct(u"partial"_s, u"confs.xml"_s, ">entp<", "> entp<");
         QVERIFY(QFile::remove(u"partial/menus.xml"_s));
         QVERIFY(QFile::copy(u"odd/tesmar/confs.xml"_s, u"odd/entries.xml"_s));
         QVERIFY(QDir().mkdir(u"empty"_s) && QDir().mkdir(u"locked"_s));
@@ -87,8 +87,9 @@ private Q_SLOTS:
         commandLineRow("check odd/entries.xml", 2, "",
                        "these are called confs.xml, tools.xml, menus.xml");
         commandLineRow("check partial", 1,
+                       "partial/confs.xml:9:32: warning: white space around \" entp\"; remove it\n"
                        "partial/menus.xml:1:1: error: cannot be read: No such file or directory; a "
-                       "product needs all three documents\nDocuments: 3, errors: 1, warnings: 0\n",
+                       "product needs all three documents\nDocuments: 3, errors: 1, warnings: 1\n",
                        "partial: the product \"partial\" is unknown, so its states and entries are "
                        "not checked; there are: " PRODUCTS);
 

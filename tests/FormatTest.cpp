@@ -11,57 +11,21 @@ using namespace Quenda::Workbench;
 
 namespace {
 
-// Tried as every attribute and every text: around the limits of all kinds of values.
-const QStringList samples {u""_s,
-                           u"a"_s,
-                           u" a"_s,
-                           u"a "_s,
-                           u"a b"_s,
-                           u"a&#10;b"_s,
-                           u"\u00e9"_s,
-                           u"-1"_s,
-                           u"0"_s,
-                           u"1"_s,
-                           u"3"_s,
-                           u"4"_s,
-                           u"5"_s,
-                           u"6"_s,
-                           u"10"_s,
-                           u"99"_s,
-                           u"100"_s,
-                           u"999"_s,
-                           u"1000"_s,
-                           u"01"_s,
-                           u"+17"_s,
-                           u"1.5"_s,
-                           u"999999999"_s,
-                           u"9999999999"_s,
-                           u"0x"_s,
-                           u"0X11"_s,
-                           u"0x0000000ff"_s,
-                           u"0xFFFFFFFF"_s,
-                           u"0x100000000"_s,
-                           u"#a"_s,
-                           u"#"_s,
-                           u"# a"_s,
-                           u"#a "_s,
-                           u"%LIBRARY%/a"_s,
-                           u"%LIBRARY%/"_s,
-                           u"%LIBRARY%/a "_s,
-                           u"%LIBRARY%/a.so"_s,
-                           u"%LIBRARY%/a/b"_s,
-                           u":/a"_s,
-                           u":/"_s,
-                           u":/a "_s,
-                           u"/a"_s,
-                           u"."_s,
-                           u"True"_s};
+// What is tried as an attribute or a text: around the limits of all kinds of values.
+QStringList triedValues(const Value &value)
+{
+    return value.choices
+           + u"|a| a|a |a b|a&#10;b|\u00e9|-1|0|1|3|4|5|6|10|99|100|999|1000|01|+17|1.5|999999999"
+             "|9999999999|0x|0X11|0x0000000ff|0xFFFFFFFF|0x100000000|#a|#|# a|#a |%LIBRARY%/a"
+             "|%LIBRARY%/|%LIBRARY%/a |%LIBRARY%/a.so|%LIBRARY%/a/b|:/a|:/|:/a |/a|.|True"_s.split(
+                 u'|');
+}
 
 // An element with no more than it needs.
 QString leastOf(const Element &declared)
 {
     const auto valueOf = [](const Value &value) {
-        QStringList values = value.choices + samples;
+        QStringList values = triedValues(value);
         while (!value.allows(values.constFirst()))
             values.removeFirst();
         return values.constFirst();
@@ -111,6 +75,14 @@ private:
             << format->kind << text.left(from) + with + text.mid(to);
     }
 
+    void addValues(const QString &what, int from, int to, const Value &value,
+                   const QString &pattern)
+    {
+        const QStringList values = triedValues(value);
+        for (const QString &tried : values)
+            add(what, from, to, QString(pattern).replace(u"%1"_s, tried));
+    }
+
     int endOfTag(const XmlElement &element) const { return text.indexOf(u'>', element.offset) + 1; }
 
     int endOf(const XmlElement &element) const
@@ -142,8 +114,7 @@ private:
         if (!declared.text)
             add(what + u" with a text"_s, inside, inside, u"stray"_s);
         else if (element.children.empty())
-            for (const QString &value : declared.text->choices + samples)
-                add(what, inside, end - close.size(), value);
+            addValues(what, inside, end - close.size(), *declared.text, u"%1"_s);
         for (const Element::Part &part : declared.parts)
             for (const Element *child : part.elements)
                 for (const int offset : {inside, end - close.size()})
@@ -159,8 +130,7 @@ private:
         const int end = isThere ? text.indexOf(u'"', text.indexOf(u'"', start) + 1) + 1 : start;
         add(what + u" left out"_s, start, end, {});
         add(what + u" misspelt"_s, start, end, u" x%1=\"\""_s.arg(name));
-        for (const QString &value : attribute.value.choices + samples)
-            add(what, start, end, u" %1=\"%2\""_s.arg(name, value));
+        addValues(what, start, end, attribute.value, u" %1=\"%2\""_s.arg(name, u"%1"_s));
     }
 
     const Format *format;

@@ -63,7 +63,8 @@ public:
         const Document edited {place.formats.constFirst(), document,
                                XmlDocument::fromBytes(content)};
         QStringList texts;
-        for (const Finding &finding : checkDocument(edited, product))
+        const QVector<Finding> found = checkDocument(edited, product);
+        for (const Finding &finding : found)
             texts += relative(u"line %1"_s.arg(finding.position.line)).mid(5)
                      + u":%1: %2"_s.arg(finding.position.column).arg(relative(finding.message()));
         Findings shape(edited);
@@ -88,7 +89,8 @@ private:
     QString relative(const QString &text) const
     {
         QString result;
-        for (const QString &part : text.split(u"line "_s)) {
+        const QStringList parts = text.split(u"line "_s);
+        for (const QString &part : parts) {
             const int digits = QRegularExpression(u"^\\d*"_s).match(part).capturedLength();
             const int line = part.leftRef(digits).toInt() - firstLine;
             result += result.isNull() ? part

@@ -112,7 +112,8 @@ private:
         }
         element.offset = offset;
         auto written = attributesIn(text.mid(offset, behind - offset));
-        for (const QXmlStreamAttribute &attribute : xml.attributes())
+        const QXmlStreamAttributes attributes = xml.attributes();
+        for (const QXmlStreamAttribute &attribute : attributes)
             element.attributes.append({attribute.qualifiedName().toString(),
                                        attribute.value().toString(),
                                        offset + written.next().capturedStart(1)});

@@ -34,8 +34,8 @@ QStringRef indentationOf(const QString &text, int offset)
 // The attributes of a tag as written, with their values in quotation marks.
 QRegularExpressionMatchIterator attributesIn(const QString &tag)
 {
-    static const QRegularExpression attribute(
-        QStringLiteral("\\s([^\\s=]+)\\s*=\\s*(?:\"[^\"]*\"|'[^']*')"));
+    static const QRegularExpression attribute(QStringLiteral(
+        "[ \\t\\r\\n]([^ \\t\\r\\n=]+)[ \\t\\r\\n]*=[ \\t\\r\\n]*(?:\"[^\"]*\"|'[^']*')"));
     return attribute.globalMatch(tag);
 }
 
@@ -213,9 +213,6 @@ private:
             return diagnoseTag(start, last);
         if (open.empty() && document.root.name.isEmpty() && !begins("<"))
             return {start, compose("text before the root element; remove it")};
-        if (!isBlank(text.at(last)) && text.at(last) < QLatin1Char(' '))
-            return {last, compose("the control character \"%1\" is not allowed; remove it",
-                                  characterAt(text, last))};
         return {begins("<?") || (open.empty() && !isComment) ? start : last,
                 compose(begins("<?xml") ? "not well-formed: %1 The document begins with "
                                           "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
@@ -287,6 +284,9 @@ XmlDocument XmlDocument::fromBytes(const QByteArray &bytes)
     const QByteArray content =
         bytes.right(bytes.size() - (bytes.startsWith("\xef\xbb\xbf") ? 3 : 0));
     const int zero = content.indexOf('\0');
+    const auto control = std::find_if(document.text.cbegin(), document.text.cend(), [](QChar c) {
+        return c < QLatin1Char(' ') && !isBlank(c); // Qt's reader takes some of them in names
+    });
     const auto wrong = std::mismatch(again.begin(), again.end(), content.begin(), content.end());
     if (zero == 0 || zero == 1 || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff"))
         document.error = {0, compose("the document is UTF-16; save it as UTF-8")};
@@ -298,6 +298,10 @@ XmlDocument XmlDocument::fromBytes(const QByteArray &bytes)
     } else if (zero > 0)
         document.error = {document.text.indexOf(QChar::Null),
                           compose("a zero byte; remove it, as hosts read no further")};
+    else if (control != document.text.cend())
+        document.error = {
+            static_cast<int>(control - document.text.cbegin()),
+            compose("the control character \"%1\" is not allowed; remove it", QString(*control))};
     else if (document.text.startsWith(QChar(QChar::ByteOrderMark)))
         document.error = {0, compose("a second byte order mark; remove it")};
     else

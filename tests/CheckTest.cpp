@@ -23,7 +23,7 @@ QString documentPath(const QString &document)
     return QStringLiteral(DOCUMENTS "/") + document;
 }
 
-// A document of a product, as if it stood in a file.
+// A document of a product with other content.
 Document documentOf(const QString &path, const QByteArray &content)
 {
     QString error;

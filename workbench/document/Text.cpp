@@ -1,6 +1,26 @@
 #include "document/Text.h"
 
+#include <algorithm>
+
 namespace Quenda::Workbench {
+
+Position positionOf(const QString &text, int offset)
+{
+    const QStringRef line = lineBefore(text, offset);
+    const auto columns =
+        std::count_if(line.begin(), line.end(), [](QChar c) { return !c.isLowSurrogate(); });
+    return {text.leftRef(offset).count(QLatin1Char('\n')) + 1, static_cast<int>(columns) + 1};
+}
+
+QStringRef lineBefore(const QString &text, int offset)
+{
+    return text.leftRef(offset).mid(text.leftRef(offset).lastIndexOf(QLatin1Char('\n')) + 1);
+}
+
+QString characterAt(const QString &text, int offset)
+{
+    return text.mid(offset, offset < text.size() && text.at(offset).isHighSurrogate() ? 2 : 1);
+}
 
 QString escaped(const QString &value)
 {

@@ -4,6 +4,21 @@
 
 namespace Quenda::Workbench {
 
+/** A place in a text as editors count: line and column from 1, a character a column. */
+struct Position
+{
+    int line = 1;
+    int column = 1;
+};
+
+Position positionOf(const QString &text, int offset);
+
+/** What is before an offset in its line. */
+QStringRef lineBefore(const QString &text, int offset);
+
+/** The character that begins there, in one or two code units. */
+QString characterAt(const QString &text, int offset);
+
 /** A value for a text: on one line, whatever it holds. */
 QString escaped(const QString &value);
 

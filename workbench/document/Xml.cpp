@@ -25,12 +25,6 @@ int skipBlanks(const QString &text, int offset)
     return offset;
 }
 
-// What is before an offset in its line.
-QStringRef indentationOf(const QString &text, int offset)
-{
-    return text.leftRef(offset).mid(text.leftRef(offset).lastIndexOf(QLatin1Char('\n')) + 1);
-}
-
 // The attributes of a tag as written, with their values in quotation marks.
 QRegularExpressionMatchIterator attributesIn(const QString &tag)
 {
@@ -137,8 +131,8 @@ private:
     // Where tags do not match, the mistake is most often where they first differ from the layout.
     void compareIndentation(const XmlElement &element, int tag, bool isEndTag)
     {
-        const QStringRef outer = indentationOf(text, element.offset);
-        const QStringRef inner = indentationOf(text, tag);
+        const QStringRef outer = lineBefore(text, element.offset);
+        const QStringRef inner = lineBefore(text, tag);
         const bool differs =
             isEndTag ? inner != outer : !outer.isEmpty() && inner.size() <= outer.size();
         if (!differs || !suspect.text.isEmpty() || !outer.trimmed().isEmpty()
@@ -291,10 +285,12 @@ XmlDocument XmlDocument::fromBytes(const QByteArray &bytes)
     if (zero == 0 || zero == 1 || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff"))
         document.error = {0, compose("the document is UTF-16; save it as UTF-8")};
     else if (wrong.first != again.end()) {
-        const int size = static_cast<int>(wrong.first - again.begin());
+        int size = static_cast<int>(wrong.first - again.begin());
+        while ((again.at(size) & 0xc0) == 0x80) // within the character that Qt put there
+            --size;
         document.error = {QString::fromUtf8(again.constData(), size).size(),
                           compose("the byte 0x%1 is not UTF-8; save the document as UTF-8",
-                                  QString::number(static_cast<uchar>(*wrong.second), 16))};
+                                  QString::number(static_cast<uchar>(content.at(size)), 16))};
     } else if (zero > 0)
         document.error = {document.text.indexOf(QChar::Null),
                           compose("a zero byte; remove it, as hosts read no further")};
@@ -307,20 +303,6 @@ XmlDocument XmlDocument::fromBytes(const QByteArray &bytes)
     else
         Reader(document).read();
     return document;
-}
-
-Position positionOf(const QString &text, int offset)
-{
-    const QStringRef before = text.leftRef(offset);
-    const QStringRef line = indentationOf(text, offset);
-    const auto columns =
-        std::count_if(line.begin(), line.end(), [](QChar c) { return !c.isLowSurrogate(); });
-    return {before.count(QLatin1Char('\n')) + 1, static_cast<int>(columns) + 1};
-}
-
-QString characterAt(const QString &text, int offset)
-{
-    return text.mid(offset, offset < text.size() && text.at(offset).isHighSurrogate() ? 2 : 1);
 }
 
 } // namespace Quenda::Workbench

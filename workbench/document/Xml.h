@@ -87,16 +87,4 @@ struct XmlDocument
     static XmlDocument fromBytes(const QByteArray &bytes);
 };
 
-/** A place in a text as editors count: line and column from 1, a character a column. */
-struct Position
-{
-    int line = 1;
-    int column = 1;
-};
-
-Position positionOf(const QString &text, int offset);
-
-/** The character that begins there, in one or two code units. */
-QString characterAt(const QString &text, int offset);
-
 } // namespace Quenda::Workbench

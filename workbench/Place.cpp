@@ -37,7 +37,6 @@ std::optional<Place> Place::find(const QString &name, QString *error)
             return refuse(compose("there is no \"%1\"; name a product's folder, a document in one, "
                                   "or one of the products %2",
                                   name, listed(builtInProducts())));
-        place.product = name.toLower();
         place.folder = QStringLiteral(":/widgets/") + place.product;
     }
     if (std::none_of(place.formats.cbegin(), place.formats.cend(), [&place](const Format *format) {

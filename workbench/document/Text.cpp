@@ -19,7 +19,7 @@ QStringRef lineBefore(const QString &text, int offset)
 
 QString characterAt(const QString &text, int offset)
 {
-    return text.mid(offset, offset < text.size() && text.at(offset).isHighSurrogate() ? 2 : 1);
+    return text.mid(offset, text.at(offset).isHighSurrogate() ? 2 : 1);
 }
 
 QString escaped(const QString &value)

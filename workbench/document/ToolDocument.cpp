@@ -11,7 +11,7 @@ std::optional<quint32> maskFromText(const QString &text)
 
 quint32 modeOf(const XmlElement &element)
 {
-    return element.has("mode") ? maskFromText(element.value("mode")).value_or(0) : 0xffffffff;
+    return element.has("mode") ? maskFromText(element.value("mode")).value() : 0xffffffff;
 }
 
 QRect cellsOf(const XmlElement &key)

@@ -68,7 +68,7 @@ private:
             endElement(behind);
         } else if (xml.isCharacters() && !open.empty()) {
             addText();
-            if (!xml.isCDATA() && text.at(behind - 1) == QLatin1Char('<'))
+            if (!xml.isCDATA())
                 --behind;
         }
         end = behind;
@@ -99,8 +99,7 @@ private:
         element.name = xml.qualifiedName().toString();
         if (!open.empty()) {
             compareIndentation(open.back(), offset, false);
-            if (open.back().textOffset >= 0 && open.back().name == element.name
-                && suspect.text.isEmpty())
+            if (open.back().hasText() && open.back().name == element.name && suspect.text.isEmpty())
                 suspect = {offset,
                            compose("<%1> begins within <%1>; did you mean </%1>?", element.name)};
         }
@@ -120,7 +119,7 @@ private:
         open.pop_back();
         if (behind != end) // it has a tag of its own
             compareIndentation(done, text.lastIndexOf(QLatin1String("</"), behind), true);
-        if (done.textOffset < 0)
+        if (!done.hasText())
             done.text.clear();
         if (open.empty())
             document.root = std::move(done);
@@ -153,7 +152,7 @@ private:
         XmlElement &element = open.back();
         const int start = end + (xml.isCDATA() ? static_cast<int>(qstrlen("<![CDATA[")) : 0);
         const QStringRef added = xml.text();
-        if (element.textOffset < 0 && !std::all_of(added.begin(), added.end(), isBlank))
+        if (!element.hasText() && !std::all_of(added.begin(), added.end(), isBlank))
             element.textOffset = skipBlanks(text, start);
         element.text += added;
     }
@@ -217,7 +216,8 @@ private:
     XmlError diagnoseTag(int start, int last) const
     {
         QStringList names;
-        for (auto written = attributesIn(text.mid(start, last + 1 - start)); written.hasNext();) {
+        const QString before = text.mid(start, last - start);
+        for (auto written = attributesIn(before); written.hasNext();) {
             const auto attribute = written.next();
             if (names.contains(attribute.captured(1)))
                 return {start + attribute.capturedStart(1),
@@ -227,8 +227,7 @@ private:
         if (xml.errorString().startsWith(QLatin1String("Expected '='")))
             return {last, compose("add \"=\" and a value in quotation marks before this")};
         // Behind the end of a value, nothing is missing but a blank.
-        const QString before = text.mid(start, last - start).trimmed();
-        static const QRegularExpression value(QStringLiteral("[^=\\s]\\s*[\"']$"));
+        static const QRegularExpression value(QStringLiteral("[^=\\s]\\s*[\"']\\s*$"));
         const QChar character = text.at(last);
         return {last, compose("\"%1\" is not allowed in the tag of line %2; %3",
                               characterAt(text, last), positionOf(text, start).line,

@@ -35,6 +35,7 @@ struct XmlElement
     QString text; ///< Its own, in one piece; empty when it is nothing but white space.
     int textOffset = -1; ///< Of the text's first character that is not white space; -1 without one.
 
+    bool hasText() const { return textOffset >= 0; }
     bool is(const char *tag) const { return name == QLatin1String(tag); }
     bool has(const char *attribute) const { return find(attribute); }
     const XmlElement *child(const char *tag) const
@@ -58,7 +59,7 @@ struct XmlElement
         return found ? found->offset : offset;
     }
     /** Where the text begins; the element itself when it has none. */
-    int offsetOfText() const { return textOffset < 0 ? offset : textOffset; }
+    int offsetOfText() const { return hasText() ? textOffset : offset; }
 };
 
 /** Something that keeps a document from being read, and where it begins. */

@@ -31,7 +31,7 @@ public:
     void check(const XmlElement &element, const Element &declared)
     {
         checkAttributes(element, declared);
-        if (!declared.text && element.textOffset >= 0)
+        if (!declared.text && element.hasText())
             findings.error(element.textOffset, "text \"%1\" is not allowed in <%2>; %3",
                            element.text.simplified(), element.name,
                            declared.parts.size() == 1 && declared.parts[0].elements.size() == 1

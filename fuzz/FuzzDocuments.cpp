@@ -211,7 +211,7 @@ QStringList toolsOf(const QToolBar &bar)
     QStringList tools;
     for (QAction *action : actions)
         if (!action->isSeparator() && action->isVisible())
-            tools += bar.widgetForAction(action)->objectName();
+            tools += static_cast<const QToolButton *>(bar.widgetForAction(action))->text();
     return tools;
 }
 

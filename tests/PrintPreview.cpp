@@ -15,6 +15,9 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
@@ -72,7 +75,11 @@ public:
     {
         QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
         openWindow({});
-        std::printf("opened\n%s", qUtf8Printable(describe()));
+        const QWidget &lastControl = *window->findChild<QPushButton *>();
+        std::printf("opened, %d by %d%s\n%s", window->width(), window->height(),
+                    lastControl.geometry().right() < window->width() * 9 / 10 ? ""
+                                                                              : ", controls wide",
+                    qUtf8Printable(describe()));
     }
 
     void run()
@@ -87,7 +94,8 @@ public:
              [this] { save(entries, QByteArray(goodEntries).replace(">entp<", "> entp<")); });
         step("broken", [this] {
             save(tools, QByteArray(goodTools)
-                            .replace("\"block\"", "\"&lt;b>bold&lt;/b> \"")
+                            .replace("\"block\"", "\"&lt;b>bold&lt;/b> "
+                                                      + QByteArray("in words ").repeated(6) + '"')
                             .replace("columns=\"6\"", "columns=\"0\""));
         });
         step("to the findings with the keyboard", [this] {
@@ -108,13 +116,26 @@ public:
             save(QStringLiteral("an editor"),
                  "#!/bin/sh\nprintf '<%s> ' \"$@\" >new\nmv new seen\n");
             QFile::setPermissions(QStringLiteral("an editor"), QFile::ReadOwner | QFile::ExeOwner);
+            qputenv("QUENDA_EDITOR", "none");
             openWindow(QStringLiteral("\"./an editor\" -l {line} {file}:{line}:{column}"));
             activateFinding();
         });
         step("with one that does not exist", [this] {
             QFile::remove(QStringLiteral("seen"));
-            openWindow(QStringLiteral("none {file}"));
+            qputenv("QUENDA_EDITOR",
+                    "\"none<br><br><br>" + QByteArray(" at all").repeated(10) + "\" {file}");
+            openWindow({});
+            openPanels();
             activateFinding();
+        });
+        step("findings dragged down", [this] {
+            QWidget *handle = window->findChild<QSplitter *>()->handle(1);
+            QTest::mousePress(handle, Qt::LeftButton);
+            const QPoint below(0, window->height());
+            QMouseEvent move(QEvent::MouseMove, below, handle->mapToGlobal(below), Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(handle, &move);
+            QTest::mouseRelease(handle, Qt::LeftButton);
         });
         step("corrected", [this] { save(tools, goodTools); });
         step("without a warning", [this] { save(entries, goodEntries); });
@@ -166,20 +187,27 @@ public:
         });
         step("saved", [this] { save(tools, withTool("fifth")); });
         step("keypad opened", [this] {
-            QMenu *panels = window->findChild<QPushButton *>()->menu();
-            panels->popup(QPoint());
-            const auto actions = panels->actions();
+            const auto actions = openPanels();
             for (QAction *action : actions)
                 if (action->isVisible() && action->text() == QLatin1String("Keypad"))
                     action->trigger();
-            panels->hide();
-            window->activateWindow();
         });
         step("saved, and F5 before that is noticed", [this] {
             save(tools, withTool("sixth"));
             press(Qt::Key_F5);
             QTest::qWait(10);
             std::printf("at once\n%s", qUtf8Printable(describe()));
+        });
+        step("tool boxes in a low window", [this] {
+            window->findChild<QComboBox *>(QStringLiteral("presentation"))->setCurrentIndex(0);
+            window->resize(720, 200);
+        });
+        step("in a low and wide one", [this] { window->resize(1200, 200); });
+        step("current folder replaced", [this] {
+            const QString folder = QDir::currentPath();
+            QDir().rename(folder, folder + QLatin1String(".old"));
+            Place other = copyInto(folder + QLatin1Char('/') + place.folder);
+            save(other.pathOf(toolFormat()), withTool("seventh"));
         });
         step("Ctrl+S, which the menu shows", [this] { press(Qt::Key_S, Qt::ControlModifier); });
         step("Ctrl+Q", [this] { press(Qt::Key_Q, Qt::ControlModifier); });
@@ -194,6 +222,15 @@ private:
         window = std::make_unique<PreviewWindow>(place, editor);
         window->show();
         (void)QTest::qWaitForWindowActive(window.get());
+    }
+
+    QList<QAction *> openPanels()
+    {
+        QMenu *panels = window->findChild<QPushButton *>()->menu();
+        panels->popup(QPoint());
+        panels->hide();
+        window->activateWindow();
+        return panels->actions();
     }
 
     void activateFinding()
@@ -255,18 +292,32 @@ private:
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
                 darkest = std::min(darkest, qGray(image.pixel(x, y)));
-        lines += QStringLiteral("%1, %2 from the left, %3 from the right")
+        const QWidget &drawing = *surface()->centralWidget();
+        lines += QStringLiteral("%1, %2 from the left, %3 from the right%4")
                      .arg(QLatin1String(darkest > 100 ? "greyed out" : "clear"))
                      .arg(area.left())
-                     .arg(window->width() - 1 - area.right());
+                     .arg(window->width() - 1 - area.right())
+                     .arg(QLatin1String(
+                         drawing.width() < drawing.sizeHint().width() ? ", drawing cut off" : ""));
+        if (surface()->geometry() != surface()->parentWidget()->rect())
+            lines += QStringLiteral("with margins");
+        if (!surface()->isAncestorOf(window->childAt(area.center())))
+            lines += QStringLiteral("out of reach of the mouse");
         const QListWidget *pane = findingsPane();
+        if (pane->isVisible())
+            lines += QStringLiteral("findings %1 % high%2")
+                         .arg(5 * qRound(20.0 * pane->height() / (area.height() + pane->height())))
+                         .arg(QLatin1String(
+                             pane->horizontalScrollBar()->maximum() == 0 ? "" : ", too wide"));
         for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
             lines +=
                 QLatin1String(pane->item(i)->isSelected() ? "> " : "| ") + pane->item(i)->text();
         const auto labels = window->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
         for (const QLabel *label : labels)
             if (label->isVisible() && !label->buddy())
-                lines += label->text();
+                lines += QStringLiteral("%1 (%2 lines)")
+                             .arg(label->text())
+                             .arg(label->height() / label->fontMetrics().lineSpacing());
         if (!opened.isEmpty())
             lines += opened;
         if (QFile::exists(QStringLiteral("seen")))
@@ -281,13 +332,18 @@ private:
         const auto *dock = qobject_cast<const QDockWidget *>(&panel);
         if (!dock)
             return {};
+        const auto *area = static_cast<const QScrollArea *>(dock->widget());
         const bool isLeft = panel.geometry().center().x() < surface()->width() / 2;
         return (panel.isWindow()
                     ? QStringLiteral(", floating at %1 %2").arg(panel.x()).arg(panel.y())
                     : QLatin1String(isLeft ? ", left" : ", right"))
-               + QLatin1String(dock->widget()->width() < dock->widget()->sizeHint().width()
-                                   ? ", too narrow"
-                                   : "");
+               + QLatin1String(area->width() < area->sizeHint().width() ? ", too narrow" : "")
+               + (area->verticalScrollBar()->isVisible()
+                      ? QStringLiteral(", scrolled, %1 tenths wide")
+                            .arg(qRound(10.0 * area->width() / surface()->width()))
+                      : QString())
+               + QLatin1String(area->horizontalScrollBar()->isVisible() ? ", scrolled sideways"
+                                                                        : "");
     }
 
     static QString toolsOf(const QWidget &panel)
@@ -327,6 +383,7 @@ int main(int argc, char *argv[])
     std::filesystem::create_symlink("first", "a place");
     place.folder = QStringLiteral("a place");
     Session(place).run();
+    QDir(folder.path() + QLatin1String(".old")).removeRecursively();
 }
 
 #include "PrintPreview.moc"

@@ -159,7 +159,7 @@ private:
             print(1, place + QLatin1Char(' ') + inQuotes(panel->windowTitle())
                          + QLatin1String(isNew ? "" : " as above"));
             if (isNew)
-                printContent(content);
+                printContent(content, dock ? *dock->widget() : *panel);
         }
         QStringList offered;
         const std::unique_ptr<QMenu> popup(surface.createPopupMenu());
@@ -170,7 +170,7 @@ private:
         print(1, QLatin1String("offered ") + offered.join(QLatin1String(", ")));
     }
 
-    void printContent(const QWidget &content)
+    void printContent(const QWidget &content, const QWidget &holder)
     {
         std::set<int> columns;
         std::set<int> rows;
@@ -189,12 +189,13 @@ private:
         QStringList gapTexts;
         for (const int gap : gaps)
             gapTexts += QString::number(gap);
+        area.translate(content.mapTo(&holder, QPoint()));
         if (!qobject_cast<const QToolBar *>(&content))
             print(2, QStringLiteral("columns %1, margins %2 %3 %4, gaps %5")
                          .arg(columns.size())
                          .arg(area.left())
                          .arg(area.top())
-                         .arg(content.width() - area.right() - 1)
+                         .arg(holder.width() - area.right() - 1)
                          .arg(gapTexts.join(QLatin1Char(' '))));
         std::map<QString, int> looks;
         for (QWidget *widget : widgets) {

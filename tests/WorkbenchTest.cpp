@@ -38,14 +38,17 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
+        for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            qunsetenv(variable);
         QVERIFY(QDir::setCurrent(directory.path()));
-        copyProduct(u"wrong/tesmar"_s, u"tools.xml"_s, "full view", "full v\xc3\xaew");
-        copyProduct(u"odd/tesmar"_s, u"confs.xml"_s, ">entp<", "> entp<");
+        copyProduct(u"wrong/Tesmar"_s, u"tools.xml"_s, "full view", "full v\xc3\xaew");
+        copyProduct(u"odd/Tesmar"_s, u"confs.xml"_s, ">entp<", "> entp<");
+        copyProduct(u"other"_s);
         copyProduct(u"partial"_s, u"confs.xml"_s, ">entp<", "> entp<");
         QVERIFY(QFile::remove(u"partial/menus.xml"_s));
-        QVERIFY(QFile::copy(u"odd/tesmar/confs.xml"_s, u"odd/entries.xml"_s));
+        QVERIFY(QFile::copy(u"odd/Tesmar/confs.xml"_s, u"odd/entries.xml"_s));
         QVERIFY(QDir().mkdir(u"empty"_s) && QDir().mkdir(u"locked"_s));
-        QVERIFY(QFile::link(u"odd/tesmar/tools.xml"_s, u"link.png"_s));
+        QVERIFY(QFile::link(u"odd/Tesmar/tools.xml"_s, u"link.png"_s));
         for (const QString &name : {u"s"_s, u"full.png"_s, u"full.bmp"_s, u"locked/s.png"_s})
             QVERIFY(QFile::copy(u"odd/entries.xml"_s, name));
         QVERIFY(QFile::setPermissions(u"locked"_s, QFile::ReadOwner | QFile::ExeOwner));
@@ -70,17 +73,21 @@ private Q_SLOTS:
                        "--editor is an option of preview");
 
         commandLineRow("check", 0, "Documents: " DOCUMENT_COUNT ", errors: 0, warnings: 0\n", "");
-        commandLineRow("Check LORVAN wrong/tesmar/menus.xml", 0,
+        commandLineRow("Check LORVAN wrong/Tesmar/menus.xml", 0,
                        "Documents: 4, errors: 0, warnings: 0\n", "");
-        commandLineRow("check odd/tesmar/", 0,
-                       "odd/tesmar/confs.xml:9:32: warning: white space around \" entp\"; remove "
+        commandLineRow("check odd/Tesmar/", 0,
+                       "odd/Tesmar/confs.xml:9:32: warning: white space around \" entp\"; remove "
                        "it\nDocuments: 3, errors: 0, warnings: 1\n",
                        "");
-        const char *wrong = "wrong/tesmar/tools.xml:5:14: error: \"\xc3\xae\" is not ASCII; write "
+        const char *wrong = "wrong/Tesmar/tools.xml:5:14: error: \"\xc3\xae\" is not ASCII; write "
                             "\"&#238;\"\nDocuments: 1, errors: 1, warnings: 0\n";
-        commandLineRow("check wrong/tesmar/tools.xml", 1, wrong, "");
-        commandLineRow("check none wrong/tesmar/tools.xml", 2, wrong, "there is no \"none\"");
-        commandLineRow("check wrong/tesmar/tools.xml none", 2, wrong, "there is no \"none\"");
+        commandLineRow("check wrong/Tesmar/tools.xml", 1, wrong, "");
+        commandLineRow("check none wrong/Tesmar/tools.xml", 2, wrong, "there is no \"none\"");
+        commandLineRow("check odd/Tesmar/confs.xml none wrong/Tesmar/tools.xml", 2,
+                       "odd/Tesmar/confs.xml:9:32: warning: white space around \" entp\"; remove "
+                       "it\nwrong/Tesmar/tools.xml:5:14: error: \"\xc3\xae\" is not ASCII; write "
+                       "\"&#238;\"\nDocuments: 2, errors: 1, warnings: 1\n",
+                       "there is no \"none\"");
         commandLineRow("check none", 2, "", "or one of the products " PRODUCTS);
         commandLineRow("check empty", 2, "",
                        "\"empty\" contains none of the documents confs.xml, tools.xml, menus.xml");
@@ -94,7 +101,7 @@ private Q_SLOTS:
                        "not checked; there are: " PRODUCTS);
 
         commandLineRow("outline tesmar/tools.xml", 2, "", "there is no \"tesmar/tools.xml\"");
-        commandLineRow("outline odd/tesmar/confs.xml", 2, "", "is a single document; name");
+        commandLineRow("outline odd/Tesmar/confs.xml", 2, "", "is a single document; name");
         commandLineRow("schema attributes", 2, "", "there are: entries, tools, menus");
         commandLineRow("preview tesmar", 2, "", "preview needs a display");
 
@@ -104,6 +111,7 @@ private Q_SLOTS:
                        "cannot write none/s.png: No such file or directory");
         commandLineRow("screenshot tesmar s.png --state 0x31", 2, "",
                        "there are: full view (0x1), ");
+        commandLineRow("screenshot other s.png --state none", 2, "", "there are: everything (0x0)");
         commandLineRow("screenshot tesmar s.png --menu menuNone", 2, "", "there are: menuFile, ");
         commandLineRow("screenshot tesmar s.png --tools all", 2, "", "there are: boxes, bars");
     }
@@ -115,15 +123,15 @@ private Q_SLOTS:
         const Outcome outcome = run(QUENDA_WORKBENCH, {});
         QCOMPARE(outcome.status, 0);
         QCOMPARE(outcome.output, run(QUENDA_WORKBENCH, {u"outline"_s, u"--help"_s}).output);
-        for (const char *command :
-             {"check [PLACE...]", "preview PLACE", "screenshot PLACE FILE", "outline PLACE",
-              "schema NAME", "preview: opens", "screenshot: object name"})
+        for (const char *command : {"check [PLACE...]", "preview PLACE", "screenshot PLACE FILE",
+                                    "outline PLACE          prints", "schema NAME",
+                                    "preview: opens", "screenshot: object name"})
             QVERIFY2(outcome.output.contains(command), command);
     }
 
     void placesWithErrors()
     {
-        for (const char *command : {"outline wrong/tesmar", "screenshot wrong/tesmar s.png"}) {
+        for (const char *command : {"outline wrong/Tesmar", "screenshot wrong/Tesmar s.png"}) {
             const Outcome outcome =
                 run(QUENDA_WORKBENCH, QString::fromUtf8(command).split(QLatin1Char(' ')));
             QCOMPARE(outcome.status, 1);
@@ -133,11 +141,45 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(u"s.png"_s));
     }
 
+    void previews_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QByteArray>("error"); // of Qt, which ends the process
+        QTest::newRow("QT_QPA_PLATFORM") << u"minimal"_s << QByteArray();
+        QTest::newRow("DISPLAY") << u":none"_s << QByteArray("display :none");
+        QTest::newRow("WAYLAND_DISPLAY") << u"none"_s << QByteArray("platform plugin");
+    }
+
+    // Where there is a display, the window opens, whatever is wrong with the documents.
+    void previews()
+    {
+        QFETCH(QString, value);
+        QFETCH(QByteArray, error);
+        const QString picture = u"output0000.png"_s; // of the window, by the minimal platform
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QString::fromUtf8(QTest::currentDataTag()), value);
+        environment.insert(u"QT_DEBUG_BACKINGSTORE"_s, u"1"_s);
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(QUENDA_WORKBENCH),
+                      {u"--editor"_s, u"none"_s, u"preview"_s, u"wrong/Tesmar"_s});
+        (void)QTest::qWaitFor(
+            [&] { return QFile::exists(picture) || program.state() == QProcess::NotRunning; },
+            30000);
+        QCOMPARE(program.state() == QProcess::Running, error.isEmpty());
+        QCOMPARE(QFile::remove(picture), error.isEmpty());
+        program.kill();
+        program.waitForFinished();
+        QCOMPARE(program.exitStatus(), QProcess::CrashExit);
+        const QByteArray errors = program.readAllStandardError();
+        QVERIFY2(errors.contains(error), errors.constData());
+    }
+
     void existingFiles_data()
     {
         QTest::addColumn<QString>("limit"); // of what may be written
         QTest::addColumn<QByteArray>("error");
-        QTest::newRow("odd/tesmar/tools.xml")
+        QTest::newRow("odd/Tesmar/tools.xml")
             << u"unlimited"_s << QByteArray("tools.xml\" does not");
         QTest::newRow("link.png") << u"unlimited"_s << QByteArray("/tools.xml\" does not");
         QTest::newRow("s") << u"unlimited"_s << QByteArray("\"s\" does not end in the suffix");
@@ -216,6 +258,20 @@ private Q_SLOTS:
     }
 
     // As large as the state needs, with the menus in their places.
+    void smallPictures()
+    {
+        QString error;
+        const auto states = statesToShow(u"tesmar"_s);
+        Surface surface(Place::find(u"tesmar"_s, &error).value().read());
+        surface.showState(states.at(5), Presentation::ToolBars);
+        QCOMPARE(pictureOf(surface).size(), QSize(800, 480));
+        // Room for what is drawn, however wide the panels are.
+        surface.showState(states.at(3), Presentation::ToolBoxes);
+        pictureOf(surface);
+        const QWidget &drawing = *surface.centralWidget();
+        QVERIFY(drawing.width() > drawing.fontMetrics().horizontalAdvance(states.at(3).name) + 100);
+    }
+
     void pictures()
     {
         QString error;
@@ -228,9 +284,16 @@ private Q_SLOTS:
             QVERIFY2(!bar->isVisible() || bar->width() >= bar->sizeHint().width(),
                      qPrintable(bar->objectName()));
         QCOMPARE(bars.size(), surface.size());
+        const QRgb highlight = surface.palette().color(QPalette::Highlight).rgb();
+        for (int x = 0; x < bars.width(); ++x)
+            for (int y = 0; y < bars.height(); ++y)
+                QVERIFY(bars.pixel(x, y) != highlight); // no button has the focus
 
         auto *points = surface.menuBar()->findChild<QMenu *>(u"menuPoints"_s);
         auto *treatment = surface.menuBar()->findChild<QMenu *>(u"menuTreatment"_s);
+        QMenu *inner = points->addMenu(u"inner"_s);
+        inner->addAction(u"action"_s);
+        const QImage closed = treatment->grab().toImage().convertToFormat(QImage::Format_RGB32);
         const QImage open = pictureOf(surface, points);
         const QPoint start =
             surface.menuBar()->actionGeometry(treatment->menuAction()).bottomLeft();
@@ -240,19 +303,24 @@ private Q_SLOTS:
         };
         const QRect left(0, 0, corner.x() - start.x(), treatment->height()); // of the sub-menu
         QCOMPARE(open.copy(left.translated(start)), imageOf(treatment, left));
+        QVERIFY(open.copy(left.translated(start)) != closed.copy(left)); // its item is marked
         const QRect title = // its last row of pixels lies below the menu
             surface.menuBar()->actionGeometry(treatment->menuAction()).adjusted(0, 0, 0, -1);
         QVERIFY(open.copy(title) != bars.copy(title)); // marked
         QCOMPARE(open.copy(QRect(corner, points->size())), imageOf(points, points->rect()));
-        QVERIFY(open.rect().contains(QRect(corner, points->size())));
+        const QPoint innerCorner = corner + points->actionGeometry(inner->menuAction()).topRight();
+        const QImage both = pictureOf(surface, inner);
+        QCOMPARE(both.copy(QRect(innerCorner, inner->size())), imageOf(inner, inner->rect()));
+
+        // White is what is beside the window.
+        inner->setMinimumSize(800, 800);
+        const QImage large = pictureOf(surface, inner);
+        QCOMPARE(QColor(large.pixel(0, large.height() - 1)), QColor(Qt::white));
+        QCOMPARE(large.height(), innerCorner.y() + inner->height());
+
         points->setEnabled(false);
         QCOMPARE(pictureOf(surface, points).copy(QRect(corner, points->size())),
                  imageOf(points, points->rect()));
-    }
-
-    void menuDocumentOfAnotherWidget()
-    {
-        QVERIFY(!loadMenuBar(u"<ui version='4.0'><widget class='QWidget' name='w'/></ui>"_s));
     }
 
 private:

@@ -36,7 +36,7 @@ constexpr auto interval = 100ms;
 
 PreviewWindow::PreviewWindow(const Place &shownPlace, const QString &editorCommand)
     : place(shownPlace),
-      editor(editorCommand),
+      editor(editorCommand.isEmpty() ? qEnvironmentVariable("QUENDA_EDITOR") : editorCommand),
       states(statesToShow(shownPlace.product)),
       surface(new Surface)
 {
@@ -59,7 +59,6 @@ PreviewWindow::PreviewWindow(const Place &shownPlace, const QString &editorComma
     auto *panels = new QMenu(panelsButton);
     connect(panels, &QMenu::aboutToShow, this, [this, panels] {
         const std::unique_ptr<QMenu> ofSurface(surface->createPopupMenu());
-        panels->clear();
         if (ofSurface)
             panels->addActions(ofSurface->actions());
     });
@@ -74,7 +73,6 @@ PreviewWindow::PreviewWindow(const Place &shownPlace, const QString &editorComma
     failure = new QLabel;
     failure->setWordWrap(true);
     failure->setTextFormat(Qt::PlainText);
-    failure->hide();
     veil = new QFrame;
     veil->setAttribute(Qt::WA_TransparentForMouseEvents);
     veil->setStyleSheet(QStringLiteral("background: rgba(239, 239, 239, 180)"));
@@ -89,7 +87,7 @@ PreviewWindow::PreviewWindow(const Place &shownPlace, const QString &editorComma
     splitter->setChildrenCollapsible(false);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(controls);
-    layout->addWidget(splitter, 1);
+    layout->addWidget(splitter);
     layout->addWidget(failure);
     resize(QSize(1200, 800).boundedTo(QGuiApplication::primaryScreen()->availableSize() * 0.9));
     splitter->setSizes({height() * 4 / 5, height() / 5});

@@ -28,7 +28,7 @@ class PreviewWindow : public QWidget
 public:
     /**
      * @param editor  The command that opens the document of a finding, with {file}, {line} and
-     *                {column}; empty for the desktop's program.
+     *                {column}; by default QUENDA_EDITOR, or else the desktop's program.
      */
     explicit PreviewWindow(const Place &place, const QString &editor = {});
 

@@ -49,13 +49,11 @@ Status previewCommand(const QStringList &places, const QCommandLineParser &optio
     LoadedPlace loaded;
     if (loadProduct(places.constFirst(), &loaded) == Failed) // the window shows errors
         return Failed;
-    const QString editor = QStringLiteral("editor");
     useLightStyle();
-    PreviewWindow window(loaded.place, options.isSet(editor)
-                                           ? options.value(editor)
-                                           : qEnvironmentVariable("QUENDA_EDITOR"));
+    PreviewWindow window(loaded.place, options.value(QStringLiteral("editor")));
     window.show();
-    return QApplication::exec() == 0 ? NoErrors : Failed;
+    QApplication::exec();
+    return NoErrors;
 }
 
 Status screenshotCommand(const QStringList &placeAndFile, const QCommandLineParser &options)

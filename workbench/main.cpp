@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <algorithm>
+
 using namespace Quenda::Workbench;
 
 namespace {
@@ -140,7 +142,8 @@ Status run(const QStringList &arguments)
 int main(int argc, char *argv[])
 {
     // Qt ends the process when there is no display and one is asked for.
-    const bool isPreview = argc > 1 && qstricmp(argv[1], "preview") == 0;
+    const bool isPreview = std::any_of(
+        argv, argv + argc, [](const char *argument) { return qstricmp(argument, "preview") == 0; });
     const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY")
                             || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
                             || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");

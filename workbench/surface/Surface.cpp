@@ -20,13 +20,7 @@ QMenuBar *loadMenuBar(const QString &text)
 {
     QBuffer buffer;
     buffer.setData(text.toUtf8());
-    buffer.open(QIODevice::ReadOnly);
-    QUiLoader loader;
-    QWidget *widget = loader.load(&buffer);
-    auto *menuBar = qobject_cast<QMenuBar *>(widget);
-    if (!menuBar)
-        delete widget;
-    return menuBar;
+    return qobject_cast<QMenuBar *>(QUiLoader().load(&buffer));
 }
 
 QVector<HostState> statesToShow(const QString &product)
@@ -119,7 +113,7 @@ void Surface::addBar(const XmlElement &bar, const XmlElement &root)
     toolBar->setObjectName(bar.name + QLatin1Char(' ') + bar.value("id"));
     auto *buttons = new QButtonGroup(toolBar); // of which one is checked
     for (const XmlElement &item : bar.children) {
-        auto *button = item.is("separator") ? nullptr : new ToolButton(item, root);
+        auto *button = item.is("separator") ? nullptr : new ToolButton(item, root, toolBar);
         if (button)
             buttons->addButton(button);
         QAction *action = button ? toolBar->addWidget(button) : toolBar->addSeparator();

@@ -13,7 +13,7 @@ namespace Quenda::Workbench {
 /** The two presentations of the tools; a host shows one at a time. The keypad is in both. */
 enum class Presentation { ToolBoxes, ToolBars };
 
-/** Builds the menu bar of a menu document, as hosts do. It belongs to the caller; null for none. */
+/** Builds the menu bar of a menu document without errors, as hosts do. It belongs to the caller. */
 QMenuBar *loadMenuBar(const QString &text);
 
 /** The states to show of a product; one of all masks for a product that is unknown here. */

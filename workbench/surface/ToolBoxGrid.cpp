@@ -10,15 +10,14 @@
 
 namespace Quenda::Workbench {
 
-ToolButton::ToolButton(const XmlElement &item, const XmlElement &root)
+ToolButton::ToolButton(const XmlElement &item, const XmlElement &root, QWidget *parent)
+    : QToolButton(parent)
 {
     const QString id = item.value("id");
     setText(id);
-    setObjectName(id);
     setToolTip(compose("%1\ngroup: %2\nlibrary: %3", id,
                        item.has("group") ? item.value("group") : QStringLiteral("none"),
                        moduleOf(item, root)->value("path")));
-    setFocusPolicy(Qt::TabFocus);
     setCheckable(item.is("tool"));
 }
 
@@ -68,8 +67,7 @@ ToolBoxGrid::ToolBoxGrid(const XmlElement &box, const XmlElement &root)
             items.append({line, mode, {}});
             continue;
         }
-        auto *button = new ToolButton(item, root);
-        button->setParent(this);
+        auto *button = new ToolButton(item, root, this);
         button->setStyleSheet(box.value("button-style"));
         // The texts line up when all buttons are as wide as their column.
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -92,7 +90,7 @@ void ToolBoxGrid::showAvailable(quint32 state)
         if (!isShown)
             continue;
         if (isLine) // from the start of a row to its end
-            next = (next + columns - 1) / columns * columns;
+            next += (columns - next % columns) % columns;
         const QRect following(next % columns, next / columns, isLine ? columns : 1, 1);
         const QRect cells = item.cells.isNull() ? following : item.cells;
         grid->addWidget(item.widget, cells.y(), cells.x(), cells.height(), cells.width());

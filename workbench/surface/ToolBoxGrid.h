@@ -13,7 +13,7 @@ class ToolButton : public QToolButton
 {
 public:
     /** For @p item of the tool document with this root. */
-    ToolButton(const XmlElement &item, const XmlElement &root);
+    ToolButton(const XmlElement &item, const XmlElement &root, QWidget *parent);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

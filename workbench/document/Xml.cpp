@@ -272,7 +272,7 @@ private:
 XmlDocument XmlDocument::fromBytes(const QByteArray &bytes)
 {
     XmlDocument document;
-    document.text = QString::fromUtf8(bytes); // without a byte order mark
+    document.text = QString::fromUtf8(bytes); // without a byte order mark, up to a zero byte
     const QByteArray again = document.text.toUtf8();
     const QByteArray content =
         bytes.right(bytes.size() - (bytes.startsWith("\xef\xbb\xbf") ? 3 : 0));
@@ -291,7 +291,7 @@ XmlDocument XmlDocument::fromBytes(const QByteArray &bytes)
                           compose("the byte 0x%1 is not UTF-8; save the document as UTF-8",
                                   QString::number(static_cast<uchar>(content.at(size)), 16))};
     } else if (zero > 0)
-        document.error = {document.text.indexOf(QChar::Null),
+        document.error = {document.text.size(),
                           compose("a zero byte; remove it, as hosts read no further")};
     else if (control != document.text.cend())
         document.error = {

@@ -1,4 +1,5 @@
 #include "check/Check.h"
+#include "Files.h"
 #include "Place.h"
 #include "SchemaValidator.h"
 #include "StringLiterals.h"
@@ -9,14 +10,6 @@
 using namespace Quenda::Workbench;
 
 namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(path));
-    return file.readAll();
-}
 
 QString documentPath(const QString &document)
 {

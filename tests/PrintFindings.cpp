@@ -1,12 +1,12 @@
 // Prints a table of edits to the shipped documents, with what the checker finds after each of them.
 
+#include "Files.h"
 #include "Place.h"
 #include "SchemaValidator.h"
 #include "StringLiterals.h"
 #include "check/Check.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QRegularExpression>
 
 #include <cstdio>
@@ -14,14 +14,6 @@
 using namespace Quenda::Workbench;
 
 namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(path));
-    return file.readAll();
-}
 
 QByteArray unescaped(const QString &text)
 {

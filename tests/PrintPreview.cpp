@@ -1,5 +1,6 @@
 // Prints what the preview's window shows after each step of a session with it.
 
+#include "Files.h"
 #include "PreviewWindow.h"
 #include "format/Format.h"
 #include "surface/Picture.h"
@@ -44,12 +45,6 @@ Place copyInto(const QString &folder)
         QFile::setPermissions(copy.pathOf(*format), QFile::ReadOwner | QFile::WriteOwner);
     }
     return copy;
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void save(const QString &path, const QByteArray &content)

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QProcess>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
@@ -70,6 +71,9 @@ private Q_SLOTS:
         // Room for what is drawn, however wide the panels are.
         surface.showState(states.at(3), Presentation::ToolBoxes);
         pictureOf(surface);
+        const auto bars = surface.findChildren<QScrollBar *>();
+        for (const QScrollBar *bar : bars)
+            QVERIFY(!bar->isVisible());
         const QWidget &drawing = *surface.centralWidget();
         QVERIFY(drawing.width() > drawing.fontMetrics().horizontalAdvance(states.at(3).name) + 100);
     }

@@ -150,7 +150,7 @@ public:
         step("keypad moved",
              [this] { surface()->addDockWidget(Qt::LeftDockWidgetArea, keypad()); });
         step("saved with more columns",
-             [this] { save(tools, withTool("a").replace("columns=\"6\"", "columns=\"7\"")); });
+             [this] { save(tools, withTool("a").replace("columns=\"4\"", "columns=\"5\"")); });
         step("tools floated", [this] {
             auto *dock = window->findChild<QDockWidget *>(QStringLiteral("toolbox 1"));
             dock->setFloating(true);
@@ -198,11 +198,16 @@ public:
             window->resize(720, 200);
         });
         step("in a low and wide one", [this] { window->resize(1200, 200); });
+        step("keypad removed", [this] {
+            QByteArray content = withTool("seventh");
+            const int start = content.indexOf("<keypad");
+            save(tools, content.remove(start, content.indexOf("<toolbar") - start));
+        });
         step("current folder replaced", [this] {
             const QString folder = QDir::currentPath();
             QDir().rename(folder, folder + QLatin1String(".old"));
             Place other = copyInto(folder + QLatin1Char('/') + place.folder);
-            save(other.pathOf(toolFormat()), withTool("seventh"));
+            save(other.pathOf(toolFormat()), withTool("eighth"));
         });
         step("Ctrl+S, which the menu shows", [this] { press(Qt::Key_S, Qt::ControlModifier); });
         step("Ctrl+Q", [this] { press(Qt::Key_Q, Qt::ControlModifier); });
@@ -333,6 +338,7 @@ private:
                     ? QStringLiteral(", floating at %1 %2").arg(panel.x()).arg(panel.y())
                     : QLatin1String(isLeft ? ", left" : ", right"))
                + QLatin1String(area->width() < area->sizeHint().width() ? ", too narrow" : "")
+               + QLatin1String(area->width() > area->sizeHint().width() ? ", too wide" : "")
                + (area->verticalScrollBar()->isVisible()
                       ? QStringLiteral(", scrolled, %1 tenths wide")
                             .arg(qRound(10.0 * area->width() / surface()->width()))

@@ -34,7 +34,6 @@ QVector<Part> open(QMenu *menu, const QMainWindow &window)
         place =
             window.menuBar()->mapTo(&window, window.menuBar()->actionGeometry(action).bottomLeft());
     }
-    QCoreApplication::processEvents();
     if (parent)
         parts.last().pixmap = parent->grab(); // with its item marked
     parts.append({place, menu->grab()});

@@ -57,12 +57,10 @@ void Surface::setDocuments(const Documents &documents)
 
     QSet<QWidget *> unused;
     for (const Panel &panel : qAsConst(panels))
-        if (auto *toolBar = qobject_cast<QToolBar *>(panel.widget)) {
-            removeToolBarBreak(toolBar);
-            delete toolBar;
-        } else {
+        if (qobject_cast<QToolBar *>(panel.widget))
+            delete panel.widget;
+        else
             unused.insert(panel.widget);
-        }
     panels.clear();
     const XmlElement &root = documentOf(documents, DocumentKind::Tools).xml.root;
     for (const XmlElement &part : root.children)
@@ -90,7 +88,6 @@ void Surface::addDock(const XmlElement &box, const XmlElement &root)
         const QSize before = area->sizeHint();
         area->setWidget(grid);
         grid->showAvailable(code);
-        grid->show();
         area->updateGeometry();
         if (area->sizeHint() != before && dock->isFloating())
             dock->adjustSize();

@@ -21,6 +21,7 @@
 #include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -85,6 +86,16 @@ public:
             std::rename(qPrintable(tools + QLatin1String(".new")), qPrintable(tools));
         });
         step("saved in place again", [this] { save(tools, withTool("third")); });
+        step("saved in several steps", [this] {
+            QTimer writer;
+            int count = 0;
+            connect(&writer, &QTimer::timeout, this,
+                    [&] { save(tools, withTool("part " + QByteArray::number(++count))); });
+            writer.start(10);
+            QTest::qWait(350);
+            std::printf("meanwhile\n%s", qUtf8Printable(describe()));
+            save(tools, withTool("whole"));
+        });
         step("a warning",
              [this] { save(entries, QByteArray(goodEntries).replace(">entp<", "> entp<")); });
         step("broken", [this] {
@@ -276,9 +287,10 @@ private:
         if (!window->isVisible())
             return QStringLiteral("  closed\n");
         QStringList lines;
-        const auto selectors = window->findChildren<QComboBox *>();
-        for (const QComboBox *selector : selectors)
-            lines += selector->objectName() + QLatin1String(": ") + selector->currentText();
+        const auto labels = window->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+        for (const QLabel *label : labels)
+            if (const auto *selector = qobject_cast<QComboBox *>(label->buddy()))
+                lines += label->text() + QLatin1Char(' ') + selector->currentText();
         const auto panels =
             surface()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
         for (const QWidget *panel : panels)
@@ -312,7 +324,6 @@ private:
         for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
             lines +=
                 QLatin1String(pane->item(i)->isSelected() ? "> " : "| ") + pane->item(i)->text();
-        const auto labels = window->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
         for (const QLabel *label : labels)
             if (label->isVisible() && !label->buddy())
                 lines += QStringLiteral("%1 (%2 lines)")

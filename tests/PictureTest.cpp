@@ -133,6 +133,7 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     useLightStyle();
+    qputenv("QT_STYLE_OVERRIDE", "windows"); // of the user, for the program
     PictureTest test;
     return QTest::qExec(&test, argc, argv);
 }

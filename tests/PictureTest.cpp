@@ -60,24 +60,28 @@ private Q_SLOTS:
         QCOMPARE(QImage(file).convertToFormat(QImage::Format_RGB32), pictureOf(surface, opened));
     }
 
-    // As large as the state needs, with the menus in their places.
+    // As large as the state needs.
     void smallPictures()
     {
         QString error;
         const auto states = statesToShow(u"tesmar"_s);
-        Surface surface(Place::find(u"tesmar"_s, &error).value().read());
-        surface.showState(states.at(5), Presentation::ToolBars);
-        QCOMPARE(pictureOf(surface).size(), QSize(800, 480));
-        // Room for what is drawn, however wide the panels are.
-        surface.showState(states.at(3), Presentation::ToolBoxes);
-        pictureOf(surface);
-        const auto bars = surface.findChildren<QScrollBar *>();
+        const Documents documents = Place::find(u"tesmar"_s, &error).value().read();
+        Surface small(documents);
+        small.showState(states.at(5), Presentation::ToolBars);
+        QCOMPARE(pictureOf(small).size(), QSize(800, 480));
+
+        // Room for the panels, and between them for the drawing.
+        Surface wide(documents);
+        wide.showState(states.at(3), Presentation::ToolBoxes);
+        pictureOf(wide);
+        const auto bars = wide.findChildren<QScrollBar *>();
         for (const QScrollBar *bar : bars)
             QVERIFY(!bar->isVisible());
-        const QWidget &drawing = *surface.centralWidget();
+        const QWidget &drawing = *wide.centralWidget();
         QVERIFY(drawing.width() > drawing.fontMetrics().horizontalAdvance(states.at(3).name) + 100);
     }
 
+    // The menus are in their places.
     void pictures()
     {
         QString error;

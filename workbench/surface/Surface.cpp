@@ -57,10 +57,7 @@ void Surface::setDocuments(const Documents &documents)
 
     QSet<QWidget *> unused;
     for (const Panel &panel : qAsConst(panels))
-        if (qobject_cast<QToolBar *>(panel.widget))
-            delete panel.widget;
-        else
-            unused.insert(panel.widget);
+        unused.insert(panel.widget);
     panels.clear();
     const XmlElement &root = documentOf(documents, DocumentKind::Tools).xml.root;
     for (const XmlElement &part : root.children)

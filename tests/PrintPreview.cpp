@@ -131,7 +131,7 @@ public:
             qputenv("QUENDA_EDITOR",
                     "\"none<br><br><br>" + QByteArray(" at all").repeated(10) + "\" {file}");
             openWindow({});
-            openPanels();
+            togglePanel({}); // there is none
             activateFinding();
         });
         step("findings dragged down", [this] {
@@ -174,7 +174,7 @@ public:
             window->activateWindow();
         });
         step("another state", [this] {
-            window->findChild<QComboBox *>(QStringLiteral("state"))->setFocus();
+            stateSelector()->setFocus();
             press(Qt::Key_Down);
         });
         step("keypad closed", [this] {
@@ -183,7 +183,7 @@ public:
                 ->click();
         });
         step("the next state", [this] {
-            window->findChild<QComboBox *>(QStringLiteral("state"))->setFocus();
+            stateSelector()->setFocus();
             press(Qt::Key_Down);
         });
         step("saved", [this] { save(tools, withTool("fourth")); });
@@ -192,12 +192,11 @@ public:
             press(Qt::Key_Down);
         });
         step("saved", [this] { save(tools, withTool("fifth")); });
-        step("keypad opened", [this] {
-            const auto actions = openPanels();
-            for (QAction *action : actions)
-                if (action->isVisible() && action->text() == QLatin1String("Keypad"))
-                    action->trigger();
-        });
+        step("keypad opened", [this] { togglePanel(QStringLiteral("Keypad")); });
+        step("tool bar closed", [this] { togglePanel(QStringLiteral("OptiCut View")); });
+        step("the state before", [this] { stateSelector()->setCurrentIndex(1); });
+        step("the next state, with it closed", [this] { stateSelector()->setCurrentIndex(2); });
+        step("tool bar opened", [this] { togglePanel(QStringLiteral("OptiCut View")); });
         step("saved, and F5 before that is noticed", [this] {
             save(tools, withTool("sixth"));
             press(Qt::Key_F5);
@@ -235,13 +234,21 @@ private:
         (void)QTest::qWaitForWindowActive(window.get());
     }
 
-    QList<QAction *> openPanels()
+    QComboBox *stateSelector() const
+    {
+        return window->findChild<QComboBox *>(QStringLiteral("state"));
+    }
+
+    void togglePanel(const QString &name)
     {
         QMenu *panels = window->findChild<QPushButton *>()->menu();
         panels->popup(QPoint());
         panels->hide();
         window->activateWindow();
-        return panels->actions();
+        const auto actions = panels->actions();
+        for (QAction *action : actions)
+            if (action->isVisible() && action->text() == name)
+                action->trigger();
     }
 
     void activateFinding()

@@ -1,13 +1,25 @@
-# Compares what a program prints with the committed file. With RENEW, updates the file instead.
+# Compares what a program prints with a committed file. Where the environment has RENEW, it updates the
+# file instead, and appends what went wrong to the file that RENEW names.
 
 separate_arguments(arguments UNIX_COMMAND "${ARGUMENTS}")
 execute_process(
     COMMAND "${PROGRAM}" ${arguments}
     OUTPUT_VARIABLE printed
-    TIMEOUT 120
-    COMMAND_ERROR_IS_FATAL ANY)
-if(RENEW)
-    file(WRITE "${FILE}" "${printed}")
+    ERROR_VARIABLE errors
+    RESULT_VARIABLE status
+    TIMEOUT 120)
+if(NOT status EQUAL 0)
+    string(REGEX REPLACE "QStandardPaths: [^\n]*\n" "" errors "${errors}") # no desktop is needed
+    string(PREPEND errors "${NAME} failed (${status}): ")
+    string(STRIP "${errors}" errors)
+endif()
+if(DEFINED ENV{RENEW})
+    if(printed AND status MATCHES "^[0-9]+$") # not the beginning alone
+        file(WRITE "${FILE}" "${printed}")
+    endif()
+    if(NOT status EQUAL 0)
+        file(APPEND "$ENV{RENEW}" "${errors}\n")
+    endif()
     return()
 endif()
 
@@ -15,8 +27,10 @@ file(WRITE "${NAME}.printed" "${printed}")
 execute_process(
     COMMAND "${DIFF}" -u --label "expected" --label "printed" "${FILE}" "${NAME}.printed"
     OUTPUT_VARIABLE difference
-    RESULT_VARIABLE status)
+    RESULT_VARIABLE differs)
 if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${errors}")
+elseif(NOT differs EQUAL 0)
     message(NOTICE "${difference}") # other kinds of messages lose spaces
     message(FATAL_ERROR "${FILE} differs. If this is meant, update it with script/renew")
 endif()

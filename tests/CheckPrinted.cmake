@@ -9,7 +9,7 @@ execute_process(
     RESULT_VARIABLE status
     TIMEOUT 120)
 if(NOT status EQUAL 0)
-    string(REGEX REPLACE "QStandardPaths: [^\n]*\n" "" errors "${errors}") # no desktop is needed
+    string(REGEX REPLACE "(QStandardPaths: |This plugin does not support )[^\n]*\n" "" errors "${errors}") # no desktop
     string(PREPEND errors "${NAME} failed (${status}): ")
     string(STRIP "${errors}" errors)
 endif()

@@ -155,7 +155,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("content");
         std::set<const void *> seen;
         QString error;
-        for (const Document &document : Place::find(QStringLiteral(ODD), &error).value().read())
+        for (const Document &document : Place::find(QStringLiteral(PRODUCT), &error).value().read())
             Editor(document, &seen);
     }
 

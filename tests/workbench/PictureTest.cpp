@@ -4,6 +4,7 @@
 #include "surface/Surface.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMenuBar>
 #include <QProcess>
 #include <QScrollBar>
@@ -13,123 +14,117 @@
 
 using namespace Quenda::Workbench;
 
-Q_DECLARE_METATYPE(Presentation)
+namespace {
+
+// Which of the colours by which the panels of the tests' product differ are in a picture.
+QStringList coloursIn(const QImage &picture)
+{
+    const QColor marked = QApplication::palette().color(QPalette::Highlight);
+    QMap<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    QStringList names;
+    for (const QString &name : {u"yellow"_s, u"cyan"_s, u"magenta"_s})
+        if (counts.value(QColor(name).rgb()) > 100)
+            names += name;
+    return counts.value(marked.rgb()) > 100 ? names + QStringList {u"marked"_s} : names;
+}
+
+QImage imageOf(QWidget *widget, const QRect &part)
+{
+    return widget->grab(part).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+} // namespace
 
 class PictureTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void screenshots_data()
+    void options_data()
     {
-        QTest::addColumn<QStringList>("options");
-        QTest::addColumn<int>("state");
-        QTest::addColumn<Presentation>("presentation");
-        QTest::addColumn<QString>("menu");
-        const auto row = [](const char *name, const QStringList &options, int state,
-                            Presentation presentation, const QString &menu = {}) {
-            QTest::newRow(name) << options << state << presentation << menu;
+        QTest::addColumn<QString>("options");
+        QTest::addColumn<QString>("colours");
+        const auto row = [](const char *name, const char *options, const char *colours) {
+            QTest::newRow(name) << options << colours;
         };
-        row("first state", {}, 0, Presentation::ToolBoxes);
-        row("state by hexadecimal code", {u"--state=0x10"_s}, 4, Presentation::ToolBoxes);
-        row("state by decimal code", {u"--state=16"_s}, 4, Presentation::ToolBoxes);
-        row("state by name", {u"--state=Link piece VIEW"_s}, 4, Presentation::ToolBoxes);
-        row("bars", {u"--tools"_s, u"Bars"_s}, 0, Presentation::ToolBars);
-        row("menu", {u"--menu=menufile"_s}, 0, Presentation::ToolBoxes, u"menuFile"_s);
-        row("sub-menu", {u"--menu=menuShow"_s, u"--state=2"_s}, 1, Presentation::ToolBoxes,
-            u"menuShow"_s);
+        row("first state", "", "yellow magenta");
+        row("state by hexadecimal code", "--state=0x12", "cyan magenta");
+        row("state by decimal code", "--state=18", "cyan magenta");
+        row("state by name", "--state='Base document, GRADING view'", "cyan magenta");
+        row("state with another's box", "--state=0x21 --tools=boxes", "yellow magenta");
+        row("bars", "--tools Bars", "magenta");
+        row("menu", "--tools bars --menu=menufile", "magenta marked");
     }
 
-    // What is saved is what the options ask for.
-    void screenshots()
+    // The picture has what the options ask for.
+    void options()
     {
-        QFETCH(QStringList, options);
-        QFETCH(int, state);
-        QFETCH(Presentation, presentation);
-        QFETCH(QString, menu);
+        QFETCH(QString, options);
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"s.BMP"_s);
-        QCOMPARE(QProcess::execute(QStringLiteral(QUENDA_WORKBENCH),
-                                   QStringList {u"screenshot"_s, u"tesmar"_s, file} + options),
-                 0);
-
-        QString error;
-        Surface surface(Place::find(u"tesmar"_s, &error).value().read());
-        surface.showState(statesToShow(u"tesmar"_s).at(state), presentation);
-        QMenu *opened = menu.isEmpty() ? nullptr : surface.menuBar()->findChild<QMenu *>(menu);
-        QCOMPARE(QImage(file).convertToFormat(QImage::Format_RGB32), pictureOf(surface, opened));
+        QStringList arguments {u"screenshot"_s, QStringLiteral(PRODUCT), file};
+        arguments += QProcess::splitCommand(options.replace(u'\'', u'"'));
+        QCOMPARE(QProcess::execute(QStringLiteral(QUENDA_WORKBENCH), arguments), 0);
+        QTEST(coloursIn(QImage(file)).join(u' '), "colours");
     }
 
-    // As large as the state needs.
-    void smallPictures()
+    void sizes()
     {
-        QString error;
-        const auto states = statesToShow(u"tesmar"_s);
-        const Documents documents = Place::find(u"tesmar"_s, &error).value().read();
-        Surface small(documents);
-        small.showState(states.at(5), Presentation::ToolBars);
+        Surface small(documents());
+        small.showState({0x14, u"small"_s}, Presentation::ToolBars);
         QCOMPARE(pictureOf(small).size(), QSize(800, 480));
 
         // Room for the panels, and between them for the drawing.
-        Surface wide(documents);
-        wide.showState(states.at(3), Presentation::ToolBoxes);
-        pictureOf(wide);
+        Surface wide(documents());
+        wide.showState({0x12, u"wide"_s}, Presentation::ToolBoxes);
+        QVERIFY(pictureOf(wide).width() > 800);
         const auto bars = wide.findChildren<QScrollBar *>();
         for (const QScrollBar *bar : bars)
             QVERIFY(!bar->isVisible());
-        const QWidget &drawing = *wide.centralWidget();
-        QVERIFY(drawing.width() > drawing.fontMetrics().horizontalAdvance(states.at(3).name) + 100);
+        QVERIFY(wide.centralWidget()->width() >= wide.centralWidget()->sizeHint().width());
+        QVERIFY(!wide.focusWidget()); // no button is marked
     }
 
-    // The menus are in their places.
-    void pictures()
+    void menus()
     {
-        QString error;
-        const auto states = statesToShow(u"lorvan"_s);
-        Surface surface(Place::find(u"lorvan"_s, &error).value().read());
-        surface.showState(states.at(0), Presentation::ToolBars);
-        const QImage bars = pictureOf(surface);
-        const auto shown = surface.findChildren<QToolBar *>();
-        for (const QToolBar *bar : shown)
-            QVERIFY2(!bar->isVisible() || bar->width() >= bar->sizeHint().width(),
-                     qPrintable(bar->objectName()));
-        QCOMPARE(bars.size(), surface.size());
-        const QRgb highlight = surface.palette().color(QPalette::Highlight).rgb();
-        for (int x = 0; x < 100; ++x)
-            QVERIFY(bars.pixel(x, 40) != highlight); // the first button has no focus
-
-        auto *points = surface.menuBar()->findChild<QMenu *>(u"menuPoints"_s);
-        auto *treatment = surface.menuBar()->findChild<QMenu *>(u"menuTreatment"_s);
-        QMenu *inner = points->addMenu(u"inner"_s);
-        inner->addAction(u"action"_s);
-        const QImage closed = treatment->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        const QImage open = pictureOf(surface, points);
-        const QPoint start =
-            surface.menuBar()->actionGeometry(treatment->menuAction()).bottomLeft();
-        const QPoint corner = start + treatment->actionGeometry(points->menuAction()).topRight();
-        const auto imageOf = [](QWidget *widget, const QRect &part) {
-            return widget->grab(part).toImage().convertToFormat(QImage::Format_RGB32);
+        Surface surface(documents());
+        surface.showState({0x11, u"style"_s}, Presentation::ToolBars);
+        const QImage closed = pictureOf(surface);
+        const QMenuBar &menuBar = *surface.menuBar();
+        const auto menu = [&menuBar](const QString &name) {
+            return menuBar.findChild<QMenu *>(name);
         };
-        const QRect left(0, 0, corner.x() - start.x(), treatment->height()); // of the sub-menu
-        QCOMPARE(open.copy(left.translated(start)), imageOf(treatment, left));
-        QVERIFY(open.copy(left.translated(start)) != closed.copy(left)); // its item is marked
-        const QRect title = // its last row of pixels lies below the menu
-            surface.menuBar()->actionGeometry(treatment->menuAction()).adjusted(0, 0, 0, -1);
-        QVERIFY(open.copy(title) != bars.copy(title)); // marked
-        QCOMPARE(open.copy(QRect(corner, points->size())), imageOf(points, points->rect()));
-        const QPoint innerCorner = corner + points->actionGeometry(inner->menuAction()).topRight();
-        const QImage both = pictureOf(surface, inner);
-        QCOMPARE(both.copy(QRect(innerCorner, inner->size())), imageOf(inner, inner->rect()));
+        QMenu *older = menu(u"menuOlder"_s); // it is greyed out
+        const QImage open = pictureOf(surface, older);
+        const QRect title = menuBar.actionGeometry(menu(u"menuFile"_s)->menuAction());
+        QVERIFY(open.copy(title) != closed.copy(title)); // marked
+        QPoint corner = title.bottomLeft();
+        for (const auto &[outer, inner] : {std::pair(u"menuFile"_s, u"menuRecent"_s),
+                                           std::pair(u"menuRecent"_s, u"menuOlder"_s)}) {
+            QAction *item = menu(inner)->menuAction();
+            menu(outer)->setActiveAction(item); // marked
+            const QPoint next = menu(outer)->actionGeometry(item).topRight();
+            const QRect left(0, 0, next.x(), menu(outer)->height()); // of the inner menu
+            QCOMPARE(open.copy(left.translated(corner)), imageOf(menu(outer), left));
+            corner += next;
+        }
+        QCOMPARE(open.copy(QRect(corner, older->size())), imageOf(older, older->rect()));
 
         // White is what is beside the window.
-        inner->setMinimumSize(800, 800);
-        const QImage large = pictureOf(surface, inner);
+        older->setMinimumSize(800, 800);
+        const QImage large = pictureOf(surface, older);
         QCOMPARE(QColor(large.pixel(0, large.height() - 1)), QColor(Qt::white));
-        QCOMPARE(large.height(), innerCorner.y() + inner->height());
+        QCOMPARE(large.size(), QSize(corner.x(), corner.y()) + older->size());
+    }
 
-        points->setEnabled(false);
-        QCOMPARE(pictureOf(surface, points).copy(QRect(corner, points->size())),
-                 imageOf(points, points->rect()));
+private:
+    static Documents documents()
+    {
+        QString error;
+        return Place::find(QStringLiteral(PRODUCT), &error).value().read();
     }
 };
 

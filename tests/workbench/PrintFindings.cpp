@@ -1,4 +1,4 @@
-// Prints a table of edits to the shipped documents, with what the checker finds after each of them.
+// Prints a table of edits to a document, with what the checker finds after each of them.
 
 #include "Files.h"
 #include "Place.h"
@@ -7,7 +7,7 @@
 #include "check/Check.h"
 
 #include <QApplication>
-#include <QRegularExpression>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -23,79 +23,108 @@ QByteArray unescaped(const QString &text)
     return bytes;
 }
 
-// A row without its findings: its name, the document, and what is replaced by what.
-class Edit
+// What stands after the mark in the lines at the front that begin with it.
+QStringList take(QChar mark, QStringList *lines)
+{
+    QStringList taken;
+    while (!lines->isEmpty() && lines->constFirst().startsWith(mark))
+        taken += lines->takeFirst().mid(2);
+    return taken;
+}
+
+class Table
 {
 public:
-    explicit Edit(QStringList lines)
+    explicit Table(const QString &path)
+        : document(QStringLiteral(PRODUCT "/%1.xml").arg(QFileInfo(path).baseName())),
+          content(contentOf(document)),
+          place(Place::find(document, &error).value()),
+          format(*place.formats.constFirst())
     {
-        document = lines.value(1).section(u' ', 0, 0);
-        product = lines.value(1).section(u" as "_s, 1);
-        if (product.isEmpty())
-            product = document.section(u'/', 0, 0);
-        content = contentOf(QStringLiteral(DOCUMENTS "/") + document);
-        lines = lines.mid(2);
+        QStringList rows = QString::fromUtf8(contentOf(path)).split(u"\n\n"_s);
+        print(rows.takeFirst()); // the explanation
+        for (const QString &row : qAsConst(rows))
+            printRow(row.split(u'\n', Qt::SkipEmptyParts));
+    }
+
+    bool fits = true; // each row, the document
+
+private:
+    static void print(const QString &text) { std::printf("%s\n", qUtf8Printable(text)); }
+
+    static void print(QChar mark, const QStringList &lines)
+    {
+        for (const QString &line : lines)
+            print(line.isEmpty() ? QString(mark) : mark + u" "_s + line);
+    }
+
+    void printRow(QStringList lines)
+    {
+        print(u"\n"_s + lines.constFirst());
+        const QString row = lines.takeFirst();
+        QString product = place.product;
+        if (lines.constFirst().startsWith(u"as "_s)) {
+            print(lines.constFirst());
+            product = lines.takeFirst().mid(3);
+        }
+        QByteArray edited = content;
+        QByteArray removed;
         while (!lines.isEmpty()) {
             const QStringList before = take(u'-', &lines);
-            const QByteArray removed = unescaped(before.join(u'\n'));
-            const QByteArray added = unescaped(take(u'+', &lines).join(u'\n'));
-            const int start = content.indexOf(removed);
-            if (start < 0 || before.isEmpty())
-                qFatal("%s does not contain %s", qPrintable(document), removed.constData());
-            content.replace(start, removed.size(), added);
-            if (firstLine == 0)
-                firstLine = content.left(start).count('\n') + 1;
+            if (!before.isEmpty())
+                removed = unescaped(before.join(u'\n'));
+            const QStringList after = take(u'+', &lines);
+            const int start = edited.indexOf(removed);
+            if (start < 0 || removed.isEmpty() || after.isEmpty())
+                report(row, u"cannot replace \"%1\""_s.arg(QString::fromUtf8(removed)));
+            else
+                edited.replace(start, removed.size(), unescaped(after.join(u'\n')));
+            print(u'-', before);
+            print(u'+', after);
+            if (!lines.isEmpty() && !lines.constFirst().startsWith(u'=')) {
+                if (after.isEmpty())
+                    print(lines.takeFirst());
+                continue;
+            }
+            const QStringList expected = take(u'=', &lines).filter(u":"_s);
+            QStringList found = findings(edited, product);
+            if (found.size() < expected.size()) {
+                report(row, u"finds less than before; if that is right, delete what it finds"_s);
+                found = expected;
+            }
+            print(u'=', found.isEmpty() ? QStringList {u"nothing"_s} : found);
+            edited = content;
         }
     }
 
-    QStringList findings(SchemaValidator *validator) const
+    void report(const QString &row, const QString &text)
     {
-        QString error;
-        const Place place = Place::find(QStringLiteral(DOCUMENTS "/") + document, &error).value();
-        const Document edited {place.formats.constFirst(), document,
-                               XmlDocument::fromBytes(content)};
+        std::fprintf(stderr, "row \"%s\": %s\n", qPrintable(row), qPrintable(text));
+        fits = false;
+    }
+
+    QStringList findings(const QByteArray &edited, const QString &product)
+    {
+        const Document read {&format, {}, XmlDocument::fromBytes(edited)};
         QStringList texts;
-        const QVector<Finding> found = checkDocument(edited, product);
+        const QVector<Finding> found = checkDocument(read, product);
         for (const Finding &finding : found)
-            texts += relative(u"line %1"_s.arg(finding.position.line)).mid(5)
-                     + u":%1: %2"_s.arg(finding.position.column).arg(relative(finding.message()));
-        Findings shape(edited);
-        if (edited.xml.error.text.isEmpty())
-            checkShape(edited, shape);
-        if (edited.xml.error.text.isEmpty()
-            && validator->accepts(*edited.format, content) != shape.list.isEmpty())
+            texts += finding.toString().mid(1); // without the path, which is empty
+        Findings shape(read);
+        if (read.xml.error.text.isEmpty())
+            checkShape(read, shape);
+        if (read.xml.error.text.isEmpty()
+            && validator.accepts(format, edited) != shape.list.isEmpty())
             texts += u"The schema does not agree."_s;
         return texts;
     }
 
-private:
-    static QStringList take(QChar mark, QStringList *lines)
-    {
-        QStringList taken;
-        while (!lines->isEmpty() && lines->constFirst().startsWith(mark))
-            taken += lines->takeFirst().mid(2);
-        return taken;
-    }
-
-    // Lines count from that of the edit, so that a row does not depend on what is above it.
-    QString relative(const QString &text) const
-    {
-        QString result;
-        const QStringList parts = text.split(u"line "_s);
-        for (const QString &part : parts) {
-            const int digits = QRegularExpression(u"^\\d*"_s).match(part).capturedLength();
-            const int line = part.leftRef(digits).toInt() - firstLine;
-            result += result.isNull() ? part
-                                      : u"line "_s + (line < 0 ? u""_s : u"+"_s)
-                                            + QString::number(line) + part.midRef(digits);
-        }
-        return result;
-    }
-
-    QString document;
-    QString product;
-    QByteArray content;
-    int firstLine = 0;
+    QString error;
+    const QString document;
+    const QByteArray content;
+    const Place place;
+    const Format &format;
+    SchemaValidator validator;
 };
 
 } // namespace
@@ -103,17 +132,5 @@ private:
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    SchemaValidator validator;
-    QStringList rows =
-        QString::fromUtf8(contentOf(QString::fromLocal8Bit(argv[1]))).split(u"\n\n"_s);
-    std::printf("%s\n", qUtf8Printable(rows.takeFirst())); // the explanation
-    for (const QString &row : qAsConst(rows)) {
-        const QStringList lines = row.split(u'\n', Qt::SkipEmptyParts);
-        static const QRegularExpression finding(u"^([-+]\\d+:\\d+: |The schema).*"_s);
-        QStringList edit = lines;
-        while (finding.match(edit.constLast()).hasMatch())
-            edit.removeLast();
-        edit += Edit(edit).findings(&validator);
-        std::printf("\n%s\n", qUtf8Printable(edit.join(u'\n')));
-    }
+    return Table(QString::fromLocal8Bit(argv[1])).fits ? 0 : 1;
 }

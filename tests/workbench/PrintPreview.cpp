@@ -1,7 +1,8 @@
-// Prints what the preview's window shows after each step of a session with it.
+// Prints what the preview's window shows at first, and what changes with each step of a session.
 
 #include "Files.h"
 #include "PreviewWindow.h"
+#include "StringLiterals.h"
 #include "format/Format.h"
 #include "surface/Picture.h"
 
@@ -22,7 +23,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QToolBar>
 #include <QToolButton>
 
 #include <cstdio>
@@ -33,18 +33,16 @@ using namespace Quenda::Workbench;
 
 namespace {
 
-// The place of a copy of tesmar's documents.
+// The place of a copy of the product's documents.
 Place copyInto(const QString &folder)
 {
     QString error;
-    const Place builtIn = Place::find(QStringLiteral("tesmar"), &error).value();
-    Place copy = builtIn;
+    const Place original = Place::find(QStringLiteral(PRODUCT), &error).value();
+    Place copy = original;
     copy.folder = folder;
     QDir().mkpath(folder);
-    for (const Format *format : builtIn.formats) {
-        QFile::copy(builtIn.pathOf(*format), copy.pathOf(*format));
-        QFile::setPermissions(copy.pathOf(*format), QFile::ReadOwner | QFile::WriteOwner);
-    }
+    for (const Format *format : original.formats)
+        QFile::copy(original.pathOf(*format), copy.pathOf(*format));
     return copy;
 }
 
@@ -53,6 +51,21 @@ void save(const QString &path, const QByteArray &content)
     QFile file(path);
     if (file.open(QIODevice::WriteOnly))
         file.write(content);
+}
+
+QString toolsOf(const QWidget &panel)
+{
+    QStringList texts;
+    const auto buttons = panel.findChildren<QToolButton *>();
+    for (const QToolButton *button : buttons)
+        if (button->isVisible() && !button->text().isEmpty())
+            texts += button->text();
+    return texts.join(u' ');
+}
+
+void print(const QString &heading, const QStringList &lines)
+{
+    std::printf("%s\n", qUtf8Printable((QStringList(heading) + lines).join(u"\n  "_s)));
 }
 
 } // namespace
@@ -69,43 +82,41 @@ public:
           goodEntries(contentOf(entries)),
           goodTools(contentOf(tools))
     {
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+        QDesktopServices::setUrlHandler(u"file"_s, this, "open");
         openWindow({});
         const QWidget &lastControl = *window->findChild<QPushButton *>();
-        std::printf("opened, %d by %d%s\n%s", window->width(), window->height(),
-                    lastControl.geometry().right() < window->width() * 9 / 10 ? ""
-                                                                              : ", controls wide",
-                    qUtf8Printable(describe()));
+        const bool isNarrow = lastControl.geometry().right() < window->width() * 9 / 10;
+        print(u"opened, %1 by %2%3"_s.arg(window->width())
+                  .arg(window->height())
+                  .arg(isNarrow ? u""_s : u", controls wide"_s),
+              describe());
     }
 
     void run()
     {
-        step("saved in place", [this] { save(tools, withTool("first")); });
+        saveTools("saved in place", with("\"pin\"", "\"one\""));
         step("saved by renaming", [this] {
-            save(tools + QLatin1String(".new"), withTool("second"));
-            std::rename(qPrintable(tools + QLatin1String(".new")), qPrintable(tools));
+            save(tools + u".new"_s, with("\"pin\"", "\"two\""));
+            std::filesystem::rename(qPrintable(tools + u".new"_s), qPrintable(tools));
         });
-        step("saved in place again", [this] { save(tools, withTool("third")); });
         step("saved in several steps", [this] {
+            const QStringList before = describe();
             QTimer writer;
-            int count = 0;
+            int count = 10;
             connect(&writer, &QTimer::timeout, this,
-                    [&] { save(tools, withTool("part " + QByteArray::number(++count))); });
+                    [&] { save(tools, with("\"pin\"", '"' + QByteArray::number(++count) + '"')); });
             writer.start(10);
             QTest::qWait(350);
-            std::printf("meanwhile\n%s", qUtf8Printable(describe()));
-            save(tools, withTool("whole"));
+            if (describe() != before)
+                print(u"shown meanwhile"_s, describe());
+            save(tools, with("\"pin\"", "\"all\""));
         });
         step("a warning",
              [this] { save(entries, QByteArray(goodEntries).replace(">entp<", "> entp<")); });
-        step("broken", [this] {
-            save(tools, QByteArray(goodTools)
-                            .replace("\"block\"", "\"&lt;b>bold&lt;/b> "
-                                                      + QByteArray("in words ").repeated(6) + '"')
-                            .replace("columns=\"6\"", "columns=\"0\""));
-        });
+        const QByteArray name = "\"&lt;b>bold&lt;/b> " + QByteArray("in words ").repeated(6) + '"';
+        saveTools("broken", with("\"pin\"", name).replace("columns=\"2\"", "columns=\"0\""));
         step("to the findings with the keyboard", [this] {
-            window->findChild<QComboBox *>(QStringLiteral("presentation"))->setFocus();
+            window->findChild<QComboBox *>(u"presentation"_s)->setFocus();
             for (int i = 0; !findingsPane()->hasFocus(); ++i) {
                 if (i == 100)
                     qFatal("the findings have no focus after %d times Tab", i);
@@ -115,19 +126,19 @@ public:
         });
         step("activated", [this] { press(Qt::Key_Return); });
         step("activated, and the desktop has no program for it", [this] {
-            QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+            QDesktopServices::unsetUrlHandler(u"file"_s);
             press(Qt::Key_Return);
         });
         step("with an editor", [this] {
-            save(QStringLiteral("an editor"),
-                 "#!/bin/sh\nprintf '<%s> ' \"$@\" >new\nmv new seen\n");
-            QFile::setPermissions(QStringLiteral("an editor"), QFile::ReadOwner | QFile::ExeOwner);
+            save(u"an editor"_s, "#!/bin/sh\nprintf '<%s> ' \"$@\" >new\nmv new seen\n");
+            QFile::setPermissions(u"an editor"_s, QFile::ReadOwner | QFile::ExeOwner);
             qputenv("QUENDA_EDITOR", "none");
-            openWindow(QStringLiteral("\"./an editor\" -l {line} {file}:{line}:{column}"));
+            openWindow(u"\"./an editor\" -l {line} {file}:{line}:{column}"_s);
             activateFinding();
+            (void)QTest::qWaitFor([] { return QFile::exists(u"seen"_s); }, 3000);
         });
         step("with one that does not exist", [this] {
-            QFile::remove(QStringLiteral("seen"));
+            QFile::remove(u"seen"_s);
             qputenv("QUENDA_EDITOR",
                     "\"none<br><br><br>" + QByteArray(" at all").repeated(10) + "\" {file}");
             openWindow({});
@@ -143,88 +154,75 @@ public:
             QApplication::sendEvent(handle, &move);
             QTest::mouseRelease(handle, Qt::LeftButton);
         });
-        step("corrected", [this] { save(tools, goodTools); });
+        saveTools("corrected", goodTools);
         step("without a warning", [this] { save(entries, goodEntries); });
         step("removed", [this] { QFile::remove(tools); });
-        step("put back", [this] { save(tools, goodTools); });
-        step("folder removed", [] { QDir(QStringLiteral("first")).removeRecursively(); });
-        step("folder put back", [] { copyInto(QStringLiteral("first")); });
-        step("saved there", [this] { save(tools, withTool("there")); });
-        step("folder renamed", [] { std::rename("first", "second"); });
-        step("another in its place", [] { copyInto(QStringLiteral("first")); });
-        step("saved in that", [this] { save(tools, withTool("that")); });
-        step("link switched", [] {
+        saveTools("put back", goodTools);
+        step("folder renamed", [] { std::filesystem::rename("first", "second"); });
+        step("another in its place", [] { copyInto(u"first"_s); });
+        saveTools("saved in that", with("\"pin\"", "\"new\""));
+        step("link switched to the other", [] {
             std::filesystem::create_symlink("second", "new");
-            std::rename("new", "a place");
+            std::filesystem::rename("new", "a place");
         });
-        step("saved behind the link", [this] { save(tools, goodTools); });
         step("keypad moved",
-             [this] { surface()->addDockWidget(Qt::LeftDockWidgetArea, keypad()); });
-        step("saved with more columns",
-             [this] { save(tools, withTool("a").replace("columns=\"4\"", "columns=\"5\"")); });
+             [this] { surface()->addDockWidget(Qt::LeftDockWidgetArea, panel(u"keypad 1"_s)); });
+        saveTools("saved with more columns", with("columns=\"2\"", "columns=\"3\""));
         step("tools floated", [this] {
-            auto *dock = window->findChild<QDockWidget *>(QStringLiteral("toolbox 1"));
-            dock->setFloating(true);
-            dock->move(33, 44);
+            panel(u"toolbox 1"_s)->setFloating(true);
+            panel(u"toolbox 1"_s)->move(33, 44);
         });
-        step("saved", [this] { save(tools, withTool("zeroth")); });
+        saveTools("saved with a wider margin", with("margin=\"5\"", "margin=\"90\""));
         step("moved back", [this] {
-            window->findChild<QDockWidget *>(QStringLiteral("toolbox 1"))->setFloating(false);
-            surface()->addDockWidget(Qt::RightDockWidgetArea, keypad());
+            panel(u"toolbox 1"_s)->setFloating(false);
+            surface()->addDockWidget(Qt::RightDockWidgetArea, panel(u"keypad 1"_s));
             window->activateWindow();
         });
         step("another state", [this] {
             stateSelector()->setFocus();
             press(Qt::Key_Down);
         });
-        step("keypad closed", [this] {
-            keypad()
-                ->findChild<QAbstractButton *>(QStringLiteral("qt_dockwidget_closebutton"))
-                ->click();
-        });
-        step("the next state", [this] {
-            stateSelector()->setFocus();
-            press(Qt::Key_Down);
-        });
-        step("saved", [this] { save(tools, withTool("fourth")); });
+        step("the next state", [this] { press(Qt::Key_Down); });
+        step("keypad closed", [this] { panel(u"keypad 1"_s)->toggleViewAction()->trigger(); });
+        step("the state before", [this] { stateSelector()->setCurrentIndex(1); });
+        saveTools("saved", with("\"pin\"", "\"two\""));
         step("tool bars", [this] {
+            stateSelector()->setFocus();
             press(Qt::Key_Tab);
             press(Qt::Key_Down);
         });
-        step("saved", [this] { save(tools, withTool("fifth")); });
-        step("keypad opened", [this] { togglePanel(QStringLiteral("Keypad")); });
-        step("tool bar closed", [this] { togglePanel(QStringLiteral("OptiCut View")); });
-        step("the state before", [this] { stateSelector()->setCurrentIndex(1); });
-        step("the next state, with it closed", [this] { stateSelector()->setCurrentIndex(2); });
-        step("tool bar opened", [this] { togglePanel(QStringLiteral("OptiCut View")); });
+        saveTools("saved", with("In every state", "Always"));
+        step("keypad opened", [this] { togglePanel(u"Keypad"_s); });
+        step("tool bar closed", [this] { togglePanel(u"Style"_s); });
+        step("a state without it", [this] { stateSelector()->setCurrentIndex(2); });
+        step("a state with it, closed", [this] { stateSelector()->setCurrentIndex(0); });
+        step("tool bar opened", [this] { togglePanel(u"Style"_s); });
         step("saved, and F5 before that is noticed", [this] {
-            save(tools, withTool("sixth"));
+            save(tools, goodTools);
             press(Qt::Key_F5);
             QTest::qWait(10);
-            std::printf("at once\n%s", qUtf8Printable(describe()));
+            print(u"at once"_s, describe());
         });
         step("tool boxes in a low window", [this] {
-            window->findChild<QComboBox *>(QStringLiteral("presentation"))->setCurrentIndex(0);
-            window->resize(720, 200);
+            window->findChild<QComboBox *>(u"presentation"_s)->setCurrentIndex(0);
+            window->resize(600, 140);
         });
-        step("in a low and wide one", [this] { window->resize(1200, 200); });
+        step("in a low and wide one", [this] { window->resize(1200, 140); });
         step("keypad removed", [this] {
-            QByteArray content = withTool("seventh");
+            QByteArray content = goodTools;
             const int start = content.indexOf("<keypad");
             save(tools, content.remove(start, content.indexOf("<toolbar") - start));
         });
         step("current folder replaced", [this] {
             const QString folder = QDir::currentPath();
-            QDir().rename(folder, folder + QLatin1String(".old"));
-            Place other = copyInto(folder + QLatin1Char('/') + place.folder);
-            save(other.pathOf(toolFormat()), withTool("eighth"));
+            QDir().rename(folder, folder + u".old"_s);
+            copyInto(folder + u'/' + place.folder);
         });
-        step("Ctrl+S, which the menu shows", [this] { press(Qt::Key_S, Qt::ControlModifier); });
         step("Ctrl+Q", [this] { press(Qt::Key_Q, Qt::ControlModifier); });
     }
 
 public Q_SLOTS:
-    void open(const QUrl &url) { opened = QLatin1String("opened ") + url.fileName(); }
+    void open(const QUrl &url) { opened = u"opened "_s + url.fileName(); }
 
 private:
     void openWindow(const QString &editor)
@@ -234,9 +232,24 @@ private:
         (void)QTest::qWaitForWindowActive(window.get());
     }
 
-    QComboBox *stateSelector() const
+    // Waits until something changes, and then until nothing more does.
+    template <typename Action>
+    void step(const char *name, const Action &action)
     {
-        return window->findChild<QComboBox *>(QStringLiteral("state"));
+        const QStringList before = describe();
+        opened.clear();
+        action();
+        (void)QTest::qWaitFor([&] { return describe() != before; }, 3000);
+        QTest::qWait(50);
+        const QStringList after = describe();
+        QStringList changes;
+        for (const QString &line : before)
+            if (!after.contains(line))
+                changes += u"- "_s + line;
+        for (const QString &line : after)
+            if (!before.contains(line))
+                changes += u"+ "_s + line;
+        print(QLatin1String(name), changes);
     }
 
     void togglePanel(const QString &name)
@@ -258,21 +271,15 @@ private:
         press(Qt::Key_Return);
     }
 
-    template <typename Action>
-    void step(const char *name, const Action &action)
+    // The tool document with something else.
+    QByteArray with(const QByteArray &before, const QByteArray &after) const
     {
-        const QString before = describe();
-        opened.clear();
-        action();
-        (void)QTest::qWaitFor([&] { return describe() != before || !opened.isEmpty(); }, 3000);
-        QTest::qWait(250); // nothing more happens
-        std::printf("%s\n%s", name, qUtf8Printable(describe()));
+        return QByteArray(goodTools).replace(before, after);
     }
 
-    // "zoom", which is in every box, by another name.
-    QByteArray withTool(const QByteArray &id) const
+    void saveTools(const char *name, const QByteArray &content)
     {
-        return QByteArray(goodTools).replace("\"zoom\"", '"' + id + '"');
+        step(name, [&] { save(tools, content); });
     }
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -281,29 +288,25 @@ private:
         QTest::keyClick(focused ? focused : window.get(), key, modifiers);
     }
 
+    QComboBox *stateSelector() const { return window->findChild<QComboBox *>(u"state"_s); }
     QMainWindow *surface() const { return window->findChild<QMainWindow *>(); }
     QListWidget *findingsPane() const { return window->findChild<QListWidget *>(); }
+    QDockWidget *panel(const QString &name) const { return window->findChild<QDockWidget *>(name); }
 
-    QDockWidget *keypad() const
-    {
-        return window->findChild<QDockWidget *>(QStringLiteral("keypad 1"));
-    }
-
-    QString describe() const
+    QStringList describe() const
     {
         if (!window->isVisible())
-            return QStringLiteral("  closed\n");
-        QStringList lines;
+            return {u"closed"_s};
+        QStringList lines {window->windowTitle()};
         const auto labels = window->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
         for (const QLabel *label : labels)
             if (const auto *selector = qobject_cast<QComboBox *>(label->buddy()))
-                lines += label->text() + QLatin1Char(' ') + selector->currentText();
+                lines += label->text() + u' ' + selector->currentText();
         const auto panels =
             surface()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-        for (const QWidget *panel : panels)
-            if (panel->isVisible() && !panel->windowTitle().isEmpty())
-                lines +=
-                    panel->windowTitle() + placeOf(*panel) + QLatin1String(": ") + toolsOf(*panel);
+        for (const QWidget *shown : panels)
+            if (shown->isVisible() && !shown->windowTitle().isEmpty())
+                lines += shown->windowTitle() + placeOf(*shown) + u": "_s + toolsOf(*shown);
         // The texts of what is greyed out are not as dark as others.
         const QRect area(surface()->mapTo(window.get(), QPoint()), surface()->size());
         const QImage image = window->grab(area).toImage();
@@ -312,75 +315,55 @@ private:
             for (int x = 0; x < image.width(); ++x)
                 darkest = std::min(darkest, qGray(image.pixel(x, y)));
         const QWidget &drawing = *surface()->centralWidget();
-        lines += QStringLiteral("%1, %2 from the left, %3 from the right%4")
-                     .arg(QLatin1String(darkest > 100 ? "greyed out" : "clear"))
+        lines += u"%1, %2 from the left, %3 from the right"_s
+                     .arg(darkest > 100 ? u"greyed out"_s : u"clear"_s)
                      .arg(area.left())
-                     .arg(window->width() - 1 - area.right())
-                     .arg(QLatin1String(
-                         drawing.width() < drawing.sizeHint().width() ? ", drawing cut off" : ""));
+                     .arg(window->width() - 1 - area.right());
+        if (drawing.width() < drawing.sizeHint().width())
+            lines += u"drawing cut off"_s;
         if (surface()->geometry() != surface()->parentWidget()->rect())
-            lines += QStringLiteral("with margins");
+            lines += u"with margins"_s;
         if (!surface()->isAncestorOf(window->childAt(area.center())))
-            lines += QStringLiteral("out of reach of the mouse");
+            lines += u"out of reach of the mouse"_s;
         const QListWidget *pane = findingsPane();
         if (pane->isVisible())
-            lines += QStringLiteral("findings %1 % high%2")
-                         .arg(5 * qRound(20.0 * pane->height() / (area.height() + pane->height())))
-                         .arg(QLatin1String(
-                             pane->horizontalScrollBar()->maximum() == 0 ? "" : ", too wide"));
-        for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
             lines +=
-                QLatin1String(pane->item(i)->isSelected() ? "> " : "| ") + pane->item(i)->text();
+                u"findings %1 % high%2"_s
+                    .arg(5 * qRound(20.0 * pane->height() / (area.height() + pane->height())))
+                    .arg(pane->horizontalScrollBar()->maximum() == 0 ? u""_s : u", too wide"_s);
+        for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
+            lines += (pane->item(i)->isSelected() ? u"> "_s : u"| "_s) + pane->item(i)->text();
         for (const QLabel *label : labels)
             if (label->isVisible() && !label->buddy())
-                lines += QStringLiteral("%1 (%2 lines)")
-                             .arg(label->text())
+                lines += u"%1 (%2 lines)"_s.arg(label->text())
                              .arg(label->height() / label->fontMetrics().lineSpacing());
         if (!opened.isEmpty())
             lines += opened;
-        if (QFile::exists(QStringLiteral("seen")))
-            lines += QString::fromUtf8(contentOf(QStringLiteral("seen")))
-                         .remove(QDir::currentPath() + QLatin1Char('/'));
-        lines += QLatin1String("focus: ") + nameOf(QApplication::focusWidget());
-        return QLatin1String("  ") + lines.join(QLatin1String("\n  ")) + QLatin1Char('\n');
+        if (QFile::exists(u"seen"_s))
+            lines += QString::fromUtf8(contentOf(u"seen"_s)).remove(QDir::currentPath() + u'/');
+        const QWidget *focused = QApplication::focusWidget();
+        const QString name = !focused ? u"none"_s
+                             : focused->objectName().isEmpty()
+                                 ? QLatin1String(focused->metaObject()->className())
+                                 : focused->objectName();
+        return lines + QStringList {u"focus: "_s + name};
     }
 
-    QString placeOf(const QWidget &panel) const
+    QString placeOf(const QWidget &shown) const
     {
-        const auto *dock = qobject_cast<const QDockWidget *>(&panel);
+        const auto *dock = qobject_cast<const QDockWidget *>(&shown);
         if (!dock)
             return {};
         const auto *area = static_cast<const QScrollArea *>(dock->widget());
-        const bool isLeft = panel.geometry().center().x() < surface()->width() / 2;
-        return (panel.isWindow()
-                    ? QStringLiteral(", floating at %1 %2").arg(panel.x()).arg(panel.y())
-                    : QLatin1String(isLeft ? ", left" : ", right"))
-               + QLatin1String(area->width() < area->sizeHint().width() ? ", too narrow" : "")
-               + QLatin1String(area->width() > area->sizeHint().width() ? ", too wide" : "")
-               + (area->verticalScrollBar()->isVisible()
-                      ? QStringLiteral(", scrolled, %1 tenths wide")
-                            .arg(qRound(10.0 * area->width() / surface()->width()))
-                      : QString())
-               + QLatin1String(area->horizontalScrollBar()->isVisible() ? ", scrolled sideways"
-                                                                        : "");
-    }
-
-    static QString toolsOf(const QWidget &panel)
-    {
-        QStringList texts;
-        const auto buttons = panel.findChildren<QToolButton *>();
-        for (const QToolButton *button : buttons)
-            if (button->isVisible() && !button->text().isEmpty())
-                texts += button->text();
-        return texts.join(QLatin1Char(' '));
-    }
-
-    static QString nameOf(const QWidget *widget)
-    {
-        if (!widget)
-            return QStringLiteral("none");
-        return widget->objectName().isEmpty() ? QLatin1String(widget->metaObject()->className())
-                                              : widget->objectName();
+        const bool isLeft = shown.geometry().center().x() < surface()->width() / 2;
+        QString text = shown.isWindow() ? u", floating at %1 %2"_s.arg(shown.x()).arg(shown.y())
+                                        : u", "_s + (isLeft ? u"left"_s : u"right"_s);
+        if (area->width() != area->sizeHint().width())
+            text += area->width() < area->sizeHint().width() ? u", too narrow"_s : u", too wide"_s;
+        if (area->verticalScrollBar()->isVisible())
+            text += u", scrolled, %1 tenths wide"_s.arg(
+                qRound(10.0 * area->width() / surface()->width()));
+        return text + (area->horizontalScrollBar()->isVisible() ? u", scrolled sideways"_s : u""_s);
     }
 
     const Place place;
@@ -398,11 +381,11 @@ int main(int argc, char *argv[])
     useLightStyle();
     const QTemporaryDir folder;
     QDir::setCurrent(folder.path());
-    Place place = copyInto(QStringLiteral("first"));
+    Place place = copyInto(u"first"_s);
     std::filesystem::create_symlink("first", "a place");
-    place.folder = QStringLiteral("a place");
+    place.folder = u"a place"_s;
     Session(place).run();
-    QDir(folder.path() + QLatin1String(".old")).removeRecursively();
+    QDir(folder.path() + u".old"_s).removeRecursively();
 }
 
 #include "PrintPreview.moc"

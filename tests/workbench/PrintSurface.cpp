@@ -1,14 +1,13 @@
-// Prints what a person sees of a place's working surface, or can try there. It is read from the
-// widgets that were built: their geometry, their pixels, and what becomes of a click.
+// Prints what a person sees of the working surface of a product, state by state. It is read from
+// the widgets that were built: their geometry, their pixels, and what becomes of a click.
 
 #include "Place.h"
+#include "StringLiterals.h"
 #include "surface/Picture.h"
 #include "surface/Surface.h"
 
 #include <QApplication>
-#include <QDataStream>
 #include <QDockWidget>
-#include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -19,8 +18,8 @@
 
 #include <cstdio>
 #include <map>
+#include <memory>
 #include <set>
-#include <vector>
 
 using namespace Quenda::Workbench;
 
@@ -31,72 +30,29 @@ void print(int depth, const QString &text)
     std::printf("%*s%s\n", 2 * depth, "", qUtf8Printable(text));
 }
 
-QString inQuotes(const QString &text)
+// What a button tells beside its text, the colours of its edge and ground, also with the keyboard's
+// focus, and what becomes of a click.
+QString descriptionOf(QToolButton &button)
 {
-    return QLatin1Char('"') + QString(text).replace(QLatin1Char('\n'), QLatin1String(", "))
-           + QLatin1Char('"');
-}
-
-// The colours of edge and ground.
-QString lookOf(QWidget &button)
-{
-    const QImage image = button.grab().toImage();
-    return image.pixelColor(image.width() / 2, 0).name() + QLatin1Char('/')
-           + image.pixelColor(4, 4).name();
-}
-
-// The same when it has been left alone, under the mouse, and clicked.
-QString looksOf(QToolButton &button)
-{
-    QStringList looks {lookOf(button)};
-    button.setAttribute(Qt::WA_UnderMouse);
-    looks += QLatin1String("under the mouse ") + lookOf(button);
-    button.setAttribute(Qt::WA_UnderMouse, false);
+    const auto look = [&button] {
+        const QImage image = button.grab().toImage();
+        return image.pixelColor(image.width() / 2, 0).name() + u'/' + image.pixelColor(4, 4).name();
+    };
+    QString text = button.toolTip().replace(u'\n', u", "_s).replace(button.text(), u"ID"_s);
+    button.clearFocus();
+    if (!button.styleSheet().isEmpty())
+        text += u", "_s + look();
+    button.setFocus();
+    if (!button.styleSheet().isEmpty())
+        text += u", focused "_s + look();
     button.click();
-    looks += button.isChecked() ? QLatin1String("checked ") + lookOf(button)
-                                : QStringLiteral("not to be checked");
-    return looks.join(QLatin1String(", "));
+    return text + (button.isChecked() ? u", checked"_s : u", not to be checked"_s);
 }
 
-// The file of an icon, for which Qt has no getter.
-QString nameOf(const QIcon &icon)
+// The index of a number among those of a set.
+int indexIn(const std::set<int> &numbers, int number)
 {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << icon;
-    const int start = bytes.indexOf(QByteArray("\0:\0/", 4));
-    QString name = icon.name();
-    for (int i = start;
-         start >= 0 && i + 1 < bytes.size() && bytes.at(i) == 0 && bytes.at(i + 1) >= ' '; i += 2)
-        name += QLatin1Char(bytes.at(i + 1));
-    return name;
-}
-
-// The widgets directly in another that can be seen, row by row.
-std::vector<QWidget *> visibleIn(const QWidget &parent)
-{
-    std::vector<QWidget *> widgets;
-    const auto children = parent.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-    for (QWidget *child : children)
-        if (child->isVisible() && !child->objectName().startsWith(QLatin1String("qt_")))
-            widgets.push_back(child);
-    std::sort(widgets.begin(), widgets.end(), [](const QWidget *a, const QWidget *b) {
-        return std::make_pair(a->y(), a->x()) < std::make_pair(b->y(), b->x());
-    });
-    return widgets;
-}
-
-QString textOf(const QWidget *widget)
-{
-    const auto *button = qobject_cast<const QToolButton *>(widget);
-    return button ? button->text() : QStringLiteral("----");
-}
-
-// How many of the numbers are in a range.
-int countIn(const std::set<int> &numbers, int first, int size)
-{
-    return static_cast<int>(
-        std::distance(numbers.lower_bound(first), numbers.lower_bound(first + size)));
+    return static_cast<int>(std::distance(numbers.begin(), numbers.lower_bound(number)));
 }
 
 class SurfacePrinter
@@ -112,117 +68,145 @@ public:
                 surface.showState(state, shown);
                 surface.resize(surface.sizeHint().expandedTo({1600, 900}));
                 QTest::qWait(0);
-                print(0, state.label()
-                             + QLatin1String(shown == Presentation::ToolBoxes ? ", tool boxes"
-                                                                              : ", tool bars"));
-                printPanels();
+                const QString name =
+                    u"%1 (0x%2), %3"_s.arg(drawing().text())
+                        .arg(state.code, 0, 16)
+                        .arg(shown == Presentation::ToolBoxes ? u"tool boxes"_s : u"tool bars"_s);
+                printState(name);
             }
-        print(0, QStringLiteral("menus"));
+        printDrawing();
+        print(0, u"menus"_s);
         printMenu(*surface.menuBar(), 1);
     }
 
 private:
-    void printPanels()
+    QLabel &drawing() const { return *static_cast<QLabel *>(surface.centralWidget()); }
+
+    void printState(const QString &name)
     {
-        const QRect drawing = surface.centralWidget()->geometry();
-        const QImage middle = surface.centralWidget()->grab().toImage();
-        QRegion writing;
-        for (int x = 0; x < middle.width(); ++x)
-            for (int y = 0; y < middle.height(); ++y)
-                if (middle.pixel(x, y) != middle.pixel(0, 0))
-                    writing += QRect(x, y, 1, 1);
-        const QPoint off = writing.boundingRect().center() - middle.rect().center();
-        print(1, QStringLiteral("middle %1 on %2%3")
-                     .arg(inQuotes(static_cast<QLabel *>(surface.centralWidget())->text()),
-                          middle.pixelColor(0, 0).name(),
-                          QLatin1String(off.manhattanLength() < 8 ? "" : ", off its centre")));
-        std::set<int> rows;
-        for (const QWidget *panel : visibleIn(surface))
-            if (qobject_cast<const QToolBar *>(panel))
-                rows.insert(panel->y());
-        for (const QWidget *panel : visibleIn(surface)) {
-            const auto *dock = qobject_cast<const QDockWidget *>(panel);
-            if (!dock && !qobject_cast<const QToolBar *>(panel))
-                continue;
-            const QPoint center = panel->geometry().center();
-            const QString place =
-                center.y() < drawing.top()
-                    ? QStringLiteral("top, row %1").arg(countIn(rows, 0, panel->y()))
-                : center.x() < drawing.left() ? QStringLiteral("left")
-                                              : QStringLiteral("right");
-            const QWidget &content =
-                dock ? *static_cast<QScrollArea *>(dock->widget())->widget() : *panel;
-            QStringList texts;
-            for (const QWidget *widget : visibleIn(content))
-                texts += textOf(widget);
-            const bool isNew = printed.insert({panel, texts.join(QLatin1Char('\n'))}).second;
-            print(1, place + QLatin1Char(' ') + inQuotes(panel->windowTitle())
-                         + QLatin1String(isNew ? "" : " as above"));
-            if (isNew)
-                printContent(content, dock ? *dock->widget() : *panel);
-        }
+        std::set<int> rows; // of tool bars
+        const auto bars = surface.findChildren<QToolBar *>();
+        for (const QToolBar *bar : bars)
+            if (bar->isVisible())
+                rows.insert(bar->y());
+        QStringList lines;
+        for (QToolBar *bar : bars)
+            if (bar->isVisible())
+                lines +=
+                    u"  top, row %1 \"%2\": "_s.arg(indexIn(rows, bar->y())).arg(bar->windowTitle())
+                    + itemsOf(*bar);
+        const auto docks = surface.findChildren<QDockWidget *>();
+        for (const QDockWidget *dock : docks)
+            if (dock->isVisible())
+                lines += u"  %1 \"%2\""_s.arg(dock->x() < drawing().x() ? u"left"_s : u"right"_s,
+                                              dock->windowTitle())
+                         + cellsOf(*static_cast<QScrollArea *>(dock->widget())->widget());
         QStringList offered;
         const std::unique_ptr<QMenu> popup(surface.createPopupMenu());
         const auto actions = popup->actions();
         for (const QAction *action : actions)
             if (action->isVisible() && !action->isSeparator())
                 offered += action->text();
-        print(1, QLatin1String("offered ") + offered.join(QLatin1String(", ")));
+        lines += u"  offered "_s + offered.join(u", "_s);
+        QString &first = printed[lines.join(u'\n')];
+        print(0, first.isEmpty() ? name : name + u" as "_s + first);
+        if (first.isEmpty())
+            print(0, lines.join(u'\n'));
+        if (first.isEmpty())
+            first = name;
     }
 
-    void printContent(const QWidget &content, const QWidget &holder)
+    QString itemsOf(const QToolBar &bar)
     {
+        QStringList texts;
+        QList<QToolButton *> buttons;
+        const auto actions = bar.actions();
+        for (QAction *action : actions) {
+            auto *button = qobject_cast<QToolButton *>(bar.widgetForAction(action));
+            if (action->isVisible())
+                texts += action->isSeparator() ? u"|"_s : button->text();
+            if (action->isVisible() && !action->isSeparator())
+                buttons += button;
+        }
+        return texts.join(u' ') + descriptionsOf(buttons);
+    }
+
+    // Row by row, each item with its column and, if it covers several cells, with its size.
+    QString cellsOf(const QWidget &grid)
+    {
+        std::map<std::pair<int, int>, QWidget *> widgets;
         std::set<int> columns;
         std::set<int> rows;
+        QRect all;
+        QList<QToolButton *> buttons;
+        const auto children = grid.findChildren<QWidget *>();
+        for (QWidget *child : children) {
+            auto *button = qobject_cast<QToolButton *>(child);
+            if (!child->isVisible())
+                continue;
+            widgets[{child->y(), child->x()}] = child;
+            columns.insert(child->x());
+            rows.insert(child->y());
+            all |= child->geometry();
+            if (button)
+                buttons += button;
+        }
+        const auto spanOf = [](const std::set<int> &starts, int from, int size) {
+            return indexIn(starts, from + size) - indexIn(starts, from);
+        };
         std::set<int> gaps;
-        QRect area;
         const QWidget *previous = nullptr;
-        const std::vector<QWidget *> widgets = visibleIn(content);
-        for (const QWidget *widget : widgets) {
-            area |= widget->geometry();
-            rows.insert(widget->y());
-            columns.insert(widget->x());
-            if (previous && previous->y() == widget->y())
+        QString text;
+        for (const auto &[position, widget] : widgets) {
+            const auto *button = qobject_cast<const QToolButton *>(widget);
+            const bool isNewRow = !previous || previous->y() != widget->y();
+            const int height = spanOf(rows, widget->y(), widget->height());
+            const int width = spanOf(columns, widget->x(), widget->width());
+            if (!isNewRow)
                 gaps.insert(widget->x() - previous->x() - previous->width());
+            text += (isNewRow ? u"\n    "_s : u" | "_s)
+                    + u"%1 "_s.arg(indexIn(columns, widget->x()))
+                    + (button ? button->text() : u"----"_s)
+                    + (height * width > 1 ? u" %1x%2"_s.arg(height).arg(width) : QString());
             previous = widget;
         }
-        QStringList gapTexts;
+        QString distances;
         for (const int gap : gaps)
-            gapTexts += QString::number(gap);
-        area.translate(content.mapTo(&holder, QPoint()));
-        if (!qobject_cast<const QToolBar *>(&content))
-            print(2, QStringLiteral("columns %1, margins %2 %3 %4, gaps %5")
-                         .arg(columns.size())
-                         .arg(area.left())
-                         .arg(area.top())
-                         .arg(holder.width() - area.right() - 1)
-                         .arg(gapTexts.join(QLatin1Char(' '))));
-        std::map<QString, int> looks;
-        for (QWidget *widget : widgets) {
-            const int height = countIn(rows, widget->y(), widget->height());
-            const int width = countIn(columns, widget->x(), widget->width());
-            QString text = QStringLiteral("%1,%2")
-                               .arg(countIn(rows, 0, widget->y()))
-                               .arg(countIn(columns, 0, widget->x()));
-            if (height * width > 1)
-                text += QStringLiteral(" %1x%2").arg(height).arg(width);
-            text += QLatin1String("  ") + textOf(widget);
-            auto *button = qobject_cast<QToolButton *>(widget);
-            if (button && described.insert(widget).second) {
-                text += QLatin1String("  ") + inQuotes(button->toolTip());
-                ++looks[looksOf(*button)];
-            }
-            print(2, text);
-        }
-        for (const auto &[look, count] : looks)
-            print(2, QStringLiteral("%1 of them: %2").arg(count).arg(look));
-        const auto checked =
-            std::count_if(widgets.begin(), widgets.end(), [](const QWidget *widget) {
-                const auto *button = qobject_cast<const QToolButton *>(widget);
-                return button && button->isChecked();
-            });
-        if (!looks.empty())
-            print(2, QStringLiteral("checked at a time: %1").arg(checked));
+            distances += u" %1"_s.arg(gap);
+        text = u": margins %1 %2 %3, gaps"_s.arg(all.left())
+                   .arg(all.top())
+                   .arg(grid.width() - 1 - all.right())
+               + distances + text;
+        return (seen.insert(text).second ? text : u" as above"_s) + descriptionsOf(buttons);
+    }
+
+    // Of those that are new, and how many are checked at a time.
+    QString descriptionsOf(const QList<QToolButton *> &buttons)
+    {
+        std::map<QString, int> counts;
+        for (QToolButton *button : buttons)
+            if (described.insert(button).second)
+                ++counts[descriptionOf(*button)];
+        QString text;
+        for (const auto &[description, count] : counts)
+            text += u"\n    %1 of them: %2"_s.arg(count).arg(description);
+        const auto checked = std::count_if(buttons.begin(), buttons.end(),
+                                           [](QToolButton *button) { return button->isChecked(); });
+        return counts.empty() ? text : text + u"\n    checked at a time: %1"_s.arg(checked);
+    }
+
+    void printDrawing() const
+    {
+        const QImage image = drawing().grab().toImage();
+        QRegion writing;
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (image.pixel(x, y) != image.pixel(0, 0))
+                    writing += QRect(x, y, 1, 1);
+        const QPoint off = writing.boundingRect().center() - image.rect().center();
+        print(0, u"drawing on %1, with its text %2"_s.arg(
+                     image.pixelColor(0, 0).name(),
+                     off.manhattanLength() < 8 ? u"in the middle"_s : u"off the middle"_s));
     }
 
     // The items that are shown, in their order; Qt leaves some separators out.
@@ -230,30 +214,23 @@ private:
     static void printMenu(const Menu &menu, int depth)
     {
         const auto actions = menu.actions();
-        for (const QAction *action : actions) {
-            if (menu.actionGeometry(const_cast<QAction *>(action)).isEmpty())
+        for (QAction *action : actions) {
+            if (menu.actionGeometry(action).isEmpty())
                 continue;
-            QStringList text {action->isSeparator() ? QStringLiteral("----")
-                                                    : inQuotes(action->text())};
-            if (!action->shortcut().isEmpty())
-                text += action->shortcut().toString(QKeySequence::NativeText);
-            if (action->isCheckable())
-                text += action->isChecked() ? QStringLiteral("[x]") : QStringLiteral("[ ]");
-            if (!action->isEnabled())
-                text += QStringLiteral("disabled");
-            if (!action->autoRepeat())
-                text += QStringLiteral("does not repeat");
-            if (!action->icon().isNull())
-                text += QLatin1String("icon ") + nameOf(action->icon())
-                        + QLatin1String(action->isIconVisibleInMenu() ? "" : ", not shown");
-            print(depth, text.join(QLatin1String("  ")));
+            print(depth, action->isSeparator()
+                             ? u"----"_s
+                             : action->text() + u"  "_s
+                                   + action->shortcut().toString(QKeySequence::PortableText)
+                                   + (action->isChecked() ? u" checked"_s : QString())
+                                   + (action->isEnabled() ? QString() : u" greyed out"_s));
             if (action->menu())
                 printMenu(*action->menu(), depth + 1);
         }
     }
 
     Surface surface;
-    std::set<std::pair<const QWidget *, QString>> printed;
+    std::map<QString, QString> printed; // the first state that looks like this
+    std::set<QString> seen;
     std::set<const QWidget *> described;
 };
 
@@ -264,6 +241,5 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     useLightStyle();
     QString error;
-    const auto place = Place::find(QString::fromLocal8Bit(argv[1]), &error);
-    const SurfacePrinter printer(place.value());
+    const SurfacePrinter printer(Place::find(QStringLiteral(PRODUCT), &error).value());
 }

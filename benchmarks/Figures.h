@@ -4,63 +4,35 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
-using Body = std::function<void(benchmark::State &)>;
+/** What is measured, and what comes before and is not measured. */
+struct Job
+{
+    std::function<void()> run;
+    std::function<void()> prepare = [] {};
+};
 
-/** The limit of a figure whose ratio is only reported. */
-constexpr double noLimit = 0;
+/** A job next to its baseline: the same job, done as cheaply as possible. */
+struct Figure
+{
+    std::string name;
+    int items; ///< How often each of the two does what the figure is about.
+    Job job;
+    Job baseline;
+    /** The greatest accepted ratio of instructions; 0 if only times are measured. */
+    double limit = 0;
+};
 
-/**
- * Registers a benchmark and its baseline: the same job, done as cheaply as possible. The table at
- * the end of the run contains their ratio.
- *
- * @param limit  The greatest accepted ratio of instructions, or noLimit. Only figures with a limit
- * are counted. Times have no limit.
- * @param configure  Called for both, instead of UseRealTime(), if times are measured.
- */
-void addFigure(const std::string &name, double limit, const Body &code, const Body &baseline,
-               const std::function<void(benchmark::internal::Benchmark *)> &configure = {});
-
-/** True in callgrind, where instructions are counted instead of times. */
-bool isCounting();
-
-/** Starts counting. No effect unless isCounting(). */
-void startCounting();
-
-/** Excludes everything until resumeCounting() from instructions and times. */
-void pauseCounting(benchmark::State &state);
-void resumeCounting(benchmark::State &state);
-
-/** Stops counting, and stores the instructions of one item in @p state as its only counter. */
-void stopCounting(benchmark::State &state, int items);
-
-/** Runs and counts @p once, as often as @p state asks for, without the caller's preparations. */
+/** Calls @p once @p count times. */
 template <typename Once>
-void repeat(benchmark::State &state, Once once, int items = 1)
+std::function<void()> repeated(int count, Once once)
 {
-    startCounting();
-    for ([[maybe_unused]] auto step : state)
-        once();
-    stopCounting(state, items);
-    state.SetItemsProcessed(state.iterations() * items);
+    return [count, once] {
+        for (int i = 0; i < count; ++i)
+            once();
+    };
 }
 
-/** The same, but runs @p prepare before each, which is not counted. */
-template <typename Prepare, typename Once>
-void repeatPrepared(benchmark::State &state, Prepare prepare, Once once, int items)
-{
-    startCounting();
-    for ([[maybe_unused]] auto step : state) {
-        pauseCounting(state);
-        prepare();
-        resumeCounting(state);
-        once();
-    }
-    stopCounting(state, items);
-    state.SetItemsProcessed(state.iterations() * items);
-}
-
-void addStartUpFigures();
-void addReadingFigures();
-void addLoggerFigures();
-void addLoadingFigure();
+void addConfigFigures(std::vector<Figure> &figures);
+void addLoggerFigures(std::vector<Figure> &figures);

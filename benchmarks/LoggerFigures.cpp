@@ -11,18 +11,12 @@
 
 #include <memory>
 
-using Quenda::LogLevel;
-using Quenda::Kit::LogEvent;
-using Quenda::Kit::Logger;
+using namespace Quenda::Kit;
 
 namespace {
 
+constexpr int waiting = 500;
 constexpr int records = 10000;
-
-QString aRecord()
-{
-    return QStringLiteral("a record of an ordinary length, as applications write them");
-}
 
 // Of the size of a record, and with the same data to construct and destroy.
 class BareEvent : public QEvent
@@ -47,123 +41,56 @@ public:
     void writeLine(const std::string &line) override { benchmark::DoNotOptimize(line.data()); }
 };
 
-void write(const QString &text, NullComposer *composer)
+void write(const QString &text, NullComposer &composer)
 {
-    Quenda::Private::printQString(composer->stream, text, false);
-    composer->writeLine(composer->stream.str());
-    composer->stream.str(std::string());
+    Quenda::Private::printQString(composer.stream, text, false);
+    composer.writeLine(composer.stream.str());
+    composer.stream.str(std::string());
 }
 
-// Writes every event that it receives.
 class BareReceiver : public QObject
 {
 public:
     bool event(QEvent *event) override
     {
-        write(static_cast<const BareEvent *>(event)->text, &composer);
+        write(static_cast<const BareEvent *>(event)->text, composer);
         return true;
     }
 
-private:
     NullComposer composer;
 };
 
-void addPosting(int threads)
+// All records through an asynchronous logger with its own thread, until the last one is written.
+void logBySpdlog(const std::string &text)
 {
-    const QString text = aRecord();
-    const auto receiver = std::make_shared<QObject>();
-    const auto code = [text](benchmark::State &state) {
-        repeat(state, [&text] { Logger::logErr(text); });
-        if (state.thread_index() == 0)
-            QCoreApplication::removePostedEvents(Logger::instance());
-    };
-    const auto baseline = [text, receiver](benchmark::State &state) {
-        repeat(state, [&] { postBare(receiver.get(), text); });
-        if (state.thread_index() == 0)
-            QCoreApplication::removePostedEvents(receiver.get());
-    };
-    addFigure("logErr, threads: " + std::to_string(threads), threads == 1 ? 1.05 : noLimit, code,
-              baseline, [threads](benchmark::internal::Benchmark *one) {
-                  // Nothing is delivered in the meantime, so the number of records is limited.
-                  one->UseRealTime()->Threads(threads)->Iterations(400000 / threads);
-              });
-}
-
-// From the queue to the composer.
-void addDelivery()
-{
-    constexpr int waiting = 100;
-    const QString text = aRecord();
-    const auto code = [text](benchmark::State &state) {
-        NullComposer composer;
-        auto *previous = Quenda::setDefaultLogger(LogLevel::Error, &composer);
-        const auto logAll = [&text] {
-            for (int i = 0; i < waiting; ++i)
-                Logger::logErr(text);
-        };
-        const auto deliver = [] { QCoreApplication::sendPostedEvents(); };
-        repeatPrepared(state, logAll, deliver, waiting);
-        Quenda::setDefaultLogger(LogLevel::Error, previous);
-    };
-    const auto baseline = [text](benchmark::State &state) {
-        BareReceiver receiver;
-        const auto postAll = [&] {
-            for (int i = 0; i < waiting; ++i)
-                postBare(&receiver, text);
-        };
-        const auto deliver = [] { QCoreApplication::sendPostedEvents(); };
-        repeatPrepared(state, postAll, deliver, waiting);
-    };
-    addFigure("delivery of a record", 1.15, code, baseline);
-}
-
-void addWholeWay()
-{
-    const QString text = aRecord();
-    const auto code = [text](benchmark::State &state) {
-        NullComposer composer;
-        auto *previous = Quenda::setDefaultLogger(LogLevel::Error, &composer);
-        const auto logAll = [&text] {
-            for (int i = 0; i < records; ++i)
-                Logger::logErr(text);
-            QCoreApplication::sendPostedEvents();
-        };
-        repeat(state, logAll, records);
-        Quenda::setDefaultLogger(LogLevel::Error, previous);
-    };
-    const auto baseline = [text](benchmark::State &state) {
-        NullComposer composer;
-        const auto writeAll = [&] {
-            for (int i = 0; i < records; ++i)
-                write(text, &composer);
-        };
-        repeat(state, writeAll, records);
-    };
-    addFigure("record to line", noLimit, code, baseline);
-
-    // The same number of records through an asynchronous logger with its own thread, until the last
-    // record is written.
-    const auto other = [text](benchmark::State &state) {
-        const std::string line = text.toStdString();
-        const auto logAll = [&line] {
-            auto pool = std::make_shared<spdlog::details::thread_pool>(std::size_t(records),
-                                                                       std::size_t(1));
-            const auto logger = std::make_shared<spdlog::async_logger>(
-                "null", std::make_shared<spdlog::sinks::null_sink_mt>(), pool);
-            for (int i = 0; i < records; ++i)
-                logger->error(line);
-        };
-        repeat(state, logAll, records);
-    };
-    addFigure("record to line, spdlog's asynchronous logger instead", noLimit, other, baseline);
+    auto pool = std::make_shared<spdlog::details::thread_pool>(records, 1);
+    const auto logger = std::make_shared<spdlog::async_logger>(
+        "null", std::make_shared<spdlog::sinks::null_sink_mt>(), pool);
+    for (int i = 0; i < records; ++i)
+        logger->error(text);
 }
 
 } // namespace
 
-void addLoggerFigures()
+void addLoggerFigures(std::vector<Figure> &figures)
 {
-    for (int threads : {1, 2, 8})
-        addPosting(threads);
-    addDelivery();
-    addWholeWay();
+    static NullComposer composer; // exists longer than the logger, which is made later
+    Quenda::setDefaultLogger(Quenda::LogLevel::Error, &composer);
+    const auto text = QStringLiteral("a record of an ordinary length, as applications write them");
+    const auto receiver = std::make_shared<BareReceiver>();
+    const auto log = [text] { Logger::logErr(text); };
+    const auto post = repeated(waiting, log);
+    const auto postBaseline = repeated(waiting, [=] { postBare(receiver.get(), text); });
+    const auto deliver = [] { QCoreApplication::sendPostedEvents(); };
+    const auto wholeWay = [logAll = repeated(records, log), deliver] {
+        logAll();
+        deliver();
+    };
+    const Job baseline = {repeated(records, [=] { write(text, receiver->composer); })};
+    const auto bySpdlog = [line = text.toStdString()] { logBySpdlog(line); };
+    figures.push_back({"logErr", waiting, {post, deliver}, {postBaseline, deliver}, 1.05});
+    figures.push_back(
+        {"delivery of a record", waiting, {deliver, post}, {deliver, postBaseline}, 1.15});
+    figures.push_back({"record to line", records, {wholeWay}, baseline});
+    figures.push_back({"record to line, spdlog instead", records, {bySpdlog}, baseline});
 }

@@ -4,12 +4,12 @@
 #include "Mutator.h"
 
 #include "SchemaValidator.h"
-#include "check/Check.h"
-#include "document/MenuDocument.h"
-#include "document/ToolDocument.h"
+#include "documents/Place.h"
+#include "entries/Entries.h"
+#include "menus/Menus.h"
 #include "outline/Outline.h"
 #include "surface/Surface.h"
-#include "surface/ToolBoxGrid.h"
+#include "tools/Tools.h"
 
 #include <Config/AppDataParser.h>
 
@@ -91,20 +91,20 @@ void checkSchema(const Document &document)
     static SchemaValidator validator;
     Findings prolog(document);
     checkProlog(document, prolog);
-    if (!prolog.list.isEmpty()) // no schema checks it, and not every parser accepts it
+    if (!prolog.isEmpty()) // no schema checks it, and not every parser accepts it
         return;
     Findings shape(document);
     checkShape(document, shape);
     // A schema does not check the declarations of namespaces either.
-    const bool isNamespace =
-        std::any_of(shape.list.begin(), shape.list.end(), [](const Finding &finding) {
-            return finding.text.contains(QLatin1String("xmlns"));
-        });
-    const bool isRight = shape.list.isEmpty();
+    const QVector<Finding> wrong = shape.inOrder();
+    const bool isNamespace = std::any_of(wrong.begin(), wrong.end(), [](const Finding &finding) {
+        return finding.text.contains(QLatin1String("xmlns"));
+    });
+    const bool isRight = wrong.isEmpty();
     require(isNamespace
                 || validator.accepts(*document.format, document.xml.text.toUtf8()) == isRight,
             "the schema of one mind with the checker, which says:",
-            isRight ? QStringLiteral("right") : shape.list.constFirst().text);
+            isRight ? QStringLiteral("right") : wrong.constFirst().text);
 }
 
 void checkEntries(const XmlDocument &xml)
@@ -114,44 +114,44 @@ void checkEntries(const XmlDocument &xml)
     require(parser.error().isEmpty(), "the application reads entries:", parser.error());
     QMap<QString, QString> entries;
     for (const XmlElement &entry : xml.root.children)
-        entries.insert(entry.value("name"), entry.text);
+        entries.insert(entry.value(u"name"), entry.text);
     require(parser.result() == entries, "the application reads the same entries");
 }
 
 // The properties of a menu or an action have the values of the document.
 void checkProperties(const QObject &object, const XmlElement &element)
 {
-    const XmlElement *visible = propertyOf(element, QStringLiteral("visible"));
+    const XmlElement *visible = propertyOf(element, u"visible"_s);
     const bool isHidden = visible && visible->text == QLatin1String("false");
     for (const XmlElement &property : element.children) {
-        const QString name = property.value("name");
-        if (!property.is("property")
+        const QString name = property.value(u"name");
+        if (!property.is(u"property")
             || (isHidden && name == QLatin1String("enabled"))) // Qt disables what it hides
             continue;
         const XmlElement &value = property.children.front();
         const QVariant actual = object.property(qPrintable(name));
         bool isSame = true; // also if it is hard to compare
-        if (value.is("bool"))
+        if (value.is(u"bool"))
             isSame = actual.toBool() == (value.text == QLatin1String("true"));
         else if (actual.userType() == QMetaType::QKeySequence)
             isSame = actual.value<QKeySequence>() == QKeySequence::fromString(value.text);
-        else if (value.is("string"))
+        else if (value.is(u"string"))
             // Without a tool tip, Qt shows the text. It drops spaces next to a comment.
             isSame =
                 actual.toString().simplified() == value.text.simplified() || value.text.isEmpty();
-        require(isSame, "the property", element.value("name") + QLatin1Char('.') + name);
+        require(isSame, "the property", element.value(u"name") + QLatin1Char('.') + name);
     }
 }
 
 template <typename Widget>
 void checkMenu(const Widget &widget, const XmlElement &menu, const XmlElement &menuBar)
 {
-    const QString name = menu.value("name");
+    const QString name = menu.value(u"name");
     require(widget.objectName() == name, "the menu", name);
     checkProperties(widget, menu);
     QList<QAction *> actions = widget.actions();
     for (const XmlElement &item : menu.children) {
-        if (!item.is("addaction"))
+        if (!item.is(u"addaction"))
             continue;
         require(!actions.isEmpty(), "all items of the menu", name);
         const QAction *action = actions.takeFirst();
@@ -160,24 +160,24 @@ void checkMenu(const Widget &widget, const XmlElement &menu, const XmlElement &m
         if (action->menu())
             checkMenu(*action->menu(), *shown, menuBar);
         else
-            require(!shown || action->objectName() == shown->value("name"), "the item",
-                    item.value("name"));
+            require(!shown || action->objectName() == shown->value(u"name"), "the item",
+                    item.value(u"name"));
     }
     require(actions.isEmpty(), "no other item in the menu", name);
 }
 
 void checkMenus(const Document &document)
 {
-    const XmlElement &menuBar = *document.xml.root.child("widget");
+    const XmlElement &menuBar = *document.xml.root.child(u"widget");
     const std::unique_ptr<QMenuBar> bar(loadMenuBar(document.xml.text));
     require(bar != nullptr, "a menu bar");
     checkMenu(*bar, menuBar, menuBar);
     for (const XmlElement &action : menuBar.children) {
-        if (!action.is("action"))
+        if (!action.is(u"action"))
             continue;
-        const auto found = bar->findChildren<QObject *>(action.value("name"));
+        const auto found = bar->findChildren<QObject *>(action.value(u"name"));
         require(found.size() == 1 && found.first()->inherits("QAction"), "the one action",
-                action.value("name"));
+                action.value(u"name"));
         checkProperties(*found.first(), action);
     }
 }
@@ -187,8 +187,8 @@ QStringList toolsOf(const XmlElement &box, const HostState &state)
 {
     QStringList tools;
     for (const XmlElement &item : box.children)
-        if (!item.is("separator") && isAvailable(modeOf(box) & modeOf(item), state.code))
-            tools += item.value("id");
+        if (!item.is(u"separator") && isAvailable(modeOf(box) & modeOf(item), state.code))
+            tools += item.value(u"id");
     return tools;
 }
 
@@ -197,7 +197,7 @@ QStringList toolsOf(const QDockWidget &dock)
     const auto buttons = dock.findChildren<QToolButton *>();
     QStringList tools;
     for (const QToolButton *button : buttons)
-        if (dynamic_cast<const ToolButton *>(button) && button->isVisibleTo(&dock)) {
+        if (button->isVisibleTo(&dock)) {
             require(!button->size().isEmpty(), "room for the tool", button->text());
             tools += button->text();
         }
@@ -217,11 +217,9 @@ QStringList toolsOf(const QToolBar &bar)
 
 void checkTools(Document document, const HostState &state)
 {
-    static const Document noMenus {
-        &menuFormat(),
-        {},
-        XmlDocument::fromBytes("<ui version=\"4.0\"><class>menubar</class>"
-                               "<widget class=\"QMenuBar\" name=\"menubar\"/></ui>")};
+    static const Document noMenus =
+        menuFormat().parse({}, "<ui version=\"4.0\"><class>menubar</class>"
+                               "<widget class=\"QMenuBar\" name=\"menubar\"/></ui>");
     // A style sheet may define a button that is too large for the memory.
     for (XmlElement &box : document.xml.root.children)
         for (XmlAttribute &attribute : box.attributes)
@@ -232,9 +230,9 @@ void checkTools(Document document, const HostState &state)
     QList<QDockWidget *> docks = surface.findChildren<QDockWidget *>();
     QList<QToolBar *> bars = surface.findChildren<QToolBar *>();
     for (const XmlElement &box : document.xml.root.children) {
-        if (box.is("module"))
+        if (box.is(u"module"))
             continue;
-        const bool isBar = box.is("toolbar");
+        const bool isBar = box.is(u"toolbar");
         require(isBar ? !bars.isEmpty() : !docks.isEmpty(), "a panel for each box");
         surface.showState(state, isBar ? Presentation::ToolBars : Presentation::ToolBoxes);
         QCoreApplication::processEvents();
@@ -250,14 +248,13 @@ void checkTools(Document document, const HostState &state)
 void checkCorrect(const Documents &documents, const HostState &state)
 {
     outlineOf(documents);
-    switch (documents.front().format->kind) {
-    case DocumentKind::Entries:
-        return checkEntries(documents.front().xml);
-    case DocumentKind::Tools:
-        return checkTools(documents.front(), state);
-    case DocumentKind::Menus:
-        return checkMenus(documents.front());
-    }
+    const Document &document = documents.front();
+    if (document.format == &entryFormat())
+        checkEntries(document.xml);
+    else if (document.format == &toolFormat())
+        checkTools(document, state);
+    else
+        checkMenus(document);
 }
 
 } // namespace
@@ -281,8 +278,8 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     // One product and one state for each input, chosen by its size; all would take too long.
-    const QString product =
-        QStringList {QString(), QStringLiteral("lorvan"), QStringLiteral("tesmar")}.at(size % 3);
+    const auto index = static_cast<int>(size % (knownProducts().size() + 1));
+    const QString product = knownProducts().value(index).id;
     const QVector<HostState> states = statesToShow(product);
     const HostState &state = states.at(static_cast<int>(size / 3) % states.size());
 
@@ -290,13 +287,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const Format &format = bytes.contains("<ui")      ? menuFormat()
                            : bytes.contains("<entry") ? entryFormat()
                                                       : toolFormat();
-    const Documents documents {{&format, {}, XmlDocument::fromBytes(bytes)}};
+    const Documents documents {format.parse({}, bytes)};
     const Document &document = documents.front();
     if (document.xml.error.text.isEmpty()) {
         checkPlaces(document.xml.text, document.xml.root);
         checkSchema(document);
     }
-    const QVector<Finding> findings = checkDocument(document, product);
+    const QVector<Finding> findings = checkDocuments(documents, product);
     checkPlaces(document.xml, findings);
     if (!hasErrors(findings)) {
         rememberCorrect(bytes);

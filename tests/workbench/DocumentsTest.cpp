@@ -1,8 +1,8 @@
 #include "Files.h"
-#include "Place.h"
 #include "SchemaValidator.h"
-#include "StringLiterals.h"
-#include "check/Check.h"
+#include "documents/Place.h"
+#include "entries/Entries.h"
+#include "menus/Menus.h"
 #include "surface/Surface.h"
 
 #include <QDir>
@@ -38,7 +38,7 @@ private Q_SLOTS:
         for (const Document &document : documents) {
             QVERIFY2(validator.accepts(*document.format, contentOf(document.path)),
                      qPrintable(document.path));
-            if (document.format->kind == DocumentKind::Menus) {
+            if (document.format == &menuFormat()) {
                 const std::unique_ptr<QMenuBar> menuBar(loadMenuBar(document.xml.text));
                 QVERIFY(menuBar && !menuBar->actions().isEmpty());
             }
@@ -50,14 +50,12 @@ private Q_SLOTS:
     {
         const QString page = QString::fromUtf8(contentOf(QStringLiteral(PAGE)));
         for (const Format *format : allFormats()) {
-            const QString example =
-                page.section(u"\n## %1\n"_s.arg(QLatin1String(format->fileName)), 1)
-                    .section(u"```xml\n"_s, 1)
-                    .section(u"```"_s, 0, 0);
+            const QString example = page.section(u"\n## %1\n"_s.arg(format->fileName), 1)
+                                        .section(u"```xml\n"_s, 1)
+                                        .section(u"```"_s, 0, 0);
             // The example of the entries has not all that a host reads.
-            const QString product = format->kind == DocumentKind::Entries ? QString() : u"lorvan"_s;
-            QCOMPARE(findingsIn({{format, {}, XmlDocument::fromBytes(example.toUtf8())}}, product),
-                     QString());
+            const QString product = format == &entryFormat() ? QString() : u"lorvan"_s;
+            QCOMPARE(findingsIn({format->parse({}, example.toUtf8())}, product), QString());
         }
     }
 

@@ -1,10 +1,8 @@
 // Prints a table of edits to a document, with what the checker finds after each of them.
 
 #include "Files.h"
-#include "Place.h"
 #include "SchemaValidator.h"
-#include "StringLiterals.h"
-#include "check/Check.h"
+#include "documents/Place.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -105,16 +103,15 @@ private:
 
     QStringList findings(const QByteArray &edited, const QString &product)
     {
-        const Document read {&format, {}, XmlDocument::fromBytes(edited)};
+        const Document read = format.parse({}, edited);
         QStringList texts;
-        const QVector<Finding> found = checkDocument(read, product);
+        const QVector<Finding> found = checkDocuments({read}, product);
         for (const Finding &finding : found)
             texts += finding.toString().mid(1); // without the path, which is empty
         Findings shape(read);
         if (read.xml.error.text.isEmpty())
             checkShape(read, shape);
-        if (read.xml.error.text.isEmpty()
-            && validator.accepts(format, edited) != shape.list.isEmpty())
+        if (read.xml.error.text.isEmpty() && validator.accepts(format, edited) != shape.isEmpty())
             texts += u"The schema does not agree."_s;
         return texts;
     }

@@ -1,10 +1,10 @@
 // Prints what the preview's window shows at first, and what changes with each step of a session.
 
 #include "Files.h"
-#include "PreviewWindow.h"
-#include "StringLiterals.h"
-#include "format/Format.h"
+#include "entries/Entries.h"
+#include "preview/PreviewWindow.h"
 #include "surface/Picture.h"
+#include "tools/Tools.h"
 
 #include <QAbstractButton>
 #include <QApplication>

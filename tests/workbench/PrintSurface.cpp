@@ -1,8 +1,7 @@
 // Prints what a person sees of the working surface of a product, state by state. It is read from
 // the widgets that were built: their geometry, their pixels, and what becomes of a click.
 
-#include "Place.h"
-#include "StringLiterals.h"
+#include "documents/Place.h"
 #include "surface/Picture.h"
 #include "surface/Surface.h"
 

@@ -35,7 +35,7 @@ private:
 
     static xmlRelaxNGPtr parse(const Quenda::Workbench::Format &format)
     {
-        const QByteArray text = schemaOf(format).toUtf8();
+        const QByteArray text = Quenda::Workbench::schemaText(format.schema);
         const std::unique_ptr<xmlRelaxNGParserCtxt, decltype(&xmlRelaxNGFreeParserCtxt)> context(
             xmlRelaxNGNewMemParserCtxt(text.constData(), text.size()), xmlRelaxNGFreeParserCtxt);
         xmlRelaxNGPtr schema = xmlRelaxNGParse(context.get());

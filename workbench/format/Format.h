@@ -1,86 +1,98 @@
 #pragma once
 
-#include "document/Finding.h"
+#include "format/Finding.h"
 
 #include <QRegularExpression>
-#include <QStringList>
 
+#include <deque>
 #include <optional>
+
+struct Product;
 
 namespace Quenda::Workbench {
 
+// What documents may contain is declared, by their schemas; what they do contain is an
+// XmlAttribute, an XmlElement.
+
 /** What an attribute or a text may be; by default, any text. */
-struct Value
+struct ValueType
 {
     QStringList choices {}; ///< All that are allowed; empty where there is a pattern.
-    QString pattern {}; ///< Of the whole value, with the same meaning in XML Schema and Qt.
+    QRegularExpression pattern {}; ///< Of the whole value; empty where there are choices.
     QString expected {}; ///< What to write, for people.
-    QRegularExpression whole {}; ///< The pattern for Qt, compiled once.
-    bool isStyleSheet = false; ///< Whether Qt has to be able to read it as a style sheet.
 
-    bool isAnyText() const { return choices.isEmpty() && pattern.isEmpty(); }
+    bool isAnyText() const { return choices.isEmpty() && pattern.pattern().isEmpty(); }
     bool allows(const QString &value) const;
 };
 
 /** How often an attribute or a part occurs. */
 enum class Occurrence { Once, Optional, AnyNumber };
 
-struct Attribute
+struct AttributeDeclaration
 {
-    const char *name;
-    Value value;
-    const char *sentence; ///< What it is for, as editors show it.
-    Occurrence occurrence = Occurrence::Once;
+    QString name;
+    ValueType value;
+    Occurrence occurrence;
 };
 
 /** An element and its content. */
-struct Element
+struct ElementDeclaration
 {
     /** A part of its content: these elements, in any order. */
     struct Part
     {
-        std::vector<const Element *> elements;
-        Occurrence occurrence = Occurrence::AnyNumber;
+        std::vector<const ElementDeclaration *> elements;
+        Occurrence occurrence;
     };
 
-    const char *name;
-    const char *sentence;
-    std::vector<Attribute> attributes {};
+    QString name;
+    std::vector<AttributeDeclaration> attributes {};
     std::vector<Part> parts {}; ///< They follow each other in this order.
-    std::optional<Value> text {}; ///< Without one, it contains elements only.
+    std::optional<ValueType> text {}; ///< Without one, it contains elements only.
     /** Where several elements have one name, such as properties: the attribute that differs. */
-    const char *key = nullptr;
+    QString key {};
 
     /** What the key may be; empty without a key. */
     QStringList variants() const;
     /** Its start tag, with the key: <property name="text">. */
     QString tag() const;
+    /** All that may be its children. */
+    std::vector<const ElementDeclaration *> children() const;
     /** The declaration of one of its children; null when it may not have this one. */
-    const Element *child(const XmlElement &element) const;
+    const ElementDeclaration *child(const XmlElement &element) const;
 };
+
+/** What a document has before its root. Without a declaration of its encoding, it is ASCII. */
+enum class Prolog { None, XmlDeclaration, XmlDeclarationAndDocumentType };
+
+/**
+ * Checks how the parts of a document fit together, and with the product, which may be unknown
+ * (null). The document is of the right shape: nothing of that is checked again.
+ */
+using Rules = void(const Document &document, const Product *product, Findings &findings);
 
 /** All that is particular to the documents of one kind. */
 struct Format
 {
-    DocumentKind kind;
-    const char *fileName;
-    const char *schema; ///< The name of its schema.
-    const Element &root;
-    bool hasDeclaration; ///< Whether an XML declaration comes first.
-    bool hasDocumentType; ///< Whether a document type comes before the root.
-    bool isAscii; ///< Whether all characters are ASCII; otherwise they are UTF-8.
+    /** @param schemaName  Of a schema in RELAX NG, which is built in. */
+    Format(const char *file, const char *schemaName, Prolog beforeRoot, Rules *rules);
+    Q_DISABLE_COPY(Format)
+
+    /** Reads a document of this format. */
+    Document parse(const QString &path, const QByteArray &bytes) const;
+
+    const QString fileName;
+    const QString schema; ///< The name of its schema.
+    const Prolog prolog;
+    Rules *const checkRules;
+    std::deque<ElementDeclaration> elements; ///< All that are declared, the root first.
 };
 
-const Format &entryFormat();
-const Format &toolFormat();
-const Format &menuFormat();
-const QVector<const Format *> &allFormats();
+/** The text of a schema. */
+QByteArray schemaText(const QString &name);
 
-/** The document of this kind, which has to be there. */
-const Document &documentOf(const Documents &documents, DocumentKind kind);
-
-/** Its RELAX NG schema, with the sentences, for editors. */
-QString schemaOf(const Format &format);
+/** The document of this format, which has to be there. */
+const Document &findDocument(const Documents &documents, const Format &format);
 
 /**
  * Checks that a document has the elements, attributes, texts and values of its format, and no
@@ -90,16 +102,5 @@ void checkShape(const Document &document, Findings &findings);
 
 /** Checks what comes before the root, and which characters the document has. */
 void checkProlog(const Document &document, Findings &findings);
-
-// What the declarations share.
-Value anyText();
-Value name();
-Value number(int least, int most); ///< The greatest is a digit, or has nines only.
-Value oneOf(std::initializer_list<const char *> values);
-Value matching(const char *pattern, const QString &expected);
-Value styleSheet();
-Attribute xlinkNamespace();
-Element::Part once(const Element &element);
-Element::Part anyOf(const std::vector<const Element *> &elements);
 
 } // namespace Quenda::Workbench

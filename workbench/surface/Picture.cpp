@@ -17,25 +17,24 @@ struct Part
     QPixmap pixmap;
 };
 
-// Opens a menu, and the menus on the way to it. Where they belong in the picture: a small screen
-// may keep the real ones from there.
-QVector<Part> open(QMenu *menu, const QMainWindow &window)
+// Opens a menu and the menus on the way to it, and takes a picture of each. Where they belong in
+// the picture of the window: a small screen may keep the real ones from there.
+QVector<Part> picturesOf(QMenu *menu, const QMainWindow &window)
 {
     QAction *action = menu->menuAction();
     auto *parent = qobject_cast<QMenu *>(menu->parentWidget());
+    QMenuBar *bar = window.menuBar();
     QVector<Part> parts;
     QPoint place;
     if (parent) {
-        parts = open(parent, window);
+        parts = picturesOf(parent, window);
         parent->setActiveAction(action);
+        parts.last().pixmap = parent->grab(); // with its item marked
         place = parts.constLast().place + parent->actionGeometry(action).topRight();
     } else {
-        window.menuBar()->setActiveAction(action);
-        place =
-            window.menuBar()->mapTo(&window, window.menuBar()->actionGeometry(action).bottomLeft());
+        bar->setActiveAction(action);
+        place = bar->mapTo(&window, bar->actionGeometry(action).bottomLeft());
     }
-    if (parent)
-        parts.last().pixmap = parent->grab(); // with its item marked
     parts.append({place, menu->grab()});
     return parts;
 }
@@ -48,7 +47,7 @@ void useLightStyle()
     QApplication::setPalette(QApplication::style()->standardPalette());
     QFont font = QApplication::font();
     font.setPixelSize(12);
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+    if (QGuiApplication::platformName() == u"offscreen")
         QApplication::setFont(font);
 }
 
@@ -57,20 +56,19 @@ QImage pictureOf(QMainWindow &window, QMenu *menu)
     window.show();
     QCoreApplication::processEvents();
     window.resize(window.sizeHint().expandedTo({800, 480}));
-    if (QWidget *focused = window.focusWidget())
-        focused->clearFocus();
     QCoreApplication::processEvents();
-    const QVector<Part> menus = menu ? open(menu, window) : QVector<Part>();
+    const QVector<Part> menus = menu ? picturesOf(menu, window) : QVector<Part>();
     QRect area = window.rect();
     for (const Part &part : menus)
         area |= QRect(part.place, part.pixmap.size());
-    QImage image(area.size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.drawPixmap(-area.topLeft(), window.grab());
+    window.resize(area.size()); // what is beside an open menu is the window, too
+    QCoreApplication::processEvents();
+    QPixmap picture = window.grab();
+    QPainter painter(&picture);
     for (const Part &part : menus)
-        painter.drawPixmap(part.place - area.topLeft(), part.pixmap);
-    return image;
+        painter.drawPixmap(part.place, part.pixmap);
+    painter.end();
+    return picture.toImage();
 }
 
 } // namespace Quenda::Workbench

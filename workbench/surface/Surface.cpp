@@ -1,9 +1,8 @@
 #include "surface/Surface.h"
 
-#include "document/Text.h"
-#include "document/ToolDocument.h"
-#include "format/Format.h"
+#include "menus/Menus.h"
 #include "surface/ToolBoxGrid.h"
+#include "tools/Tools.h"
 
 #include <QAction>
 #include <QBuffer>
@@ -26,7 +25,7 @@ QMenuBar *loadMenuBar(const QString &text)
 QVector<HostState> statesToShow(const QString &product)
 {
     const Product *known = findProduct(product);
-    return known ? known->states : QVector<HostState> {{0, QStringLiteral("everything")}};
+    return known ? known->states : QVector<HostState> {{0, u"everything"_s}};
 }
 
 Surface::Surface()
@@ -48,7 +47,7 @@ Surface::Surface(const Documents &documents) : Surface()
 void Surface::setDocuments(const Documents &documents)
 {
     noteClosed();
-    QMenuBar *menuBar = loadMenuBar(documentOf(documents, DocumentKind::Menus).xml.text);
+    QMenuBar *menuBar = loadMenuBar(findDocument(documents, menuFormat()).xml.text);
     menuBar->setNativeMenuBar(false);
     const auto actions = menuBar->findChildren<QAction *>();
     for (QAction *action : actions)
@@ -59,11 +58,11 @@ void Surface::setDocuments(const Documents &documents)
     for (const Panel &panel : qAsConst(panels))
         unused.insert(panel.widget);
     panels.clear();
-    const XmlElement &root = documentOf(documents, DocumentKind::Tools).xml.root;
+    const XmlElement &root = findDocument(documents, toolFormat()).xml.root;
     for (const XmlElement &part : root.children)
-        if (part.is("toolbar"))
+        if (part.is(u"toolbar"))
             addBar(part, root);
-        else if (!part.is("module"))
+        else if (!part.is(u"module"))
             addDock(part, root);
     for (const Panel &panel : qAsConst(panels))
         unused.remove(panel.widget);
@@ -73,11 +72,11 @@ void Surface::setDocuments(const Documents &documents)
 
 void Surface::addDock(const XmlElement &box, const XmlElement &root)
 {
-    const bool isKeypad = box.is("keypad");
+    const bool isKeypad = box.is(u"keypad");
     const auto number = std::count_if(panels.cbegin(), panels.cend(), [&box](const Panel &panel) {
-        return panel.widget->objectName().startsWith(box.name + QLatin1Char(' '));
+        return panel.widget->objectName().startsWith(box.name + u' ');
     });
-    const QString name = QStringLiteral("%1 %2").arg(box.name).arg(number + 1);
+    const QString name = u"%1 %2"_s.arg(box.name).arg(number + 1);
     auto *grid = new ToolBoxGrid(box, root);
     auto *dock = findChild<QDockWidget *>(name);
     if (dock) {
@@ -91,7 +90,7 @@ void Surface::addDock(const XmlElement &box, const XmlElement &root)
         else if (area->sizeHint() != before && dock->isVisible())
             resizeDocks({dock}, {area->sizeHint().width()}, Qt::Horizontal);
     } else {
-        dock = new QDockWidget(isKeypad ? QStringLiteral("Keypad") : QStringLiteral("Tools"), this);
+        dock = new QDockWidget(isKeypad ? u"Keypad"_s : u"Tools"_s, this);
         dock->setObjectName(name);
         dock->setWidget(new GridArea(grid));
         addDockWidget(isKeypad ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea, dock);
@@ -101,13 +100,13 @@ void Surface::addDock(const XmlElement &box, const XmlElement &root)
 
 void Surface::addBar(const XmlElement &bar, const XmlElement &root)
 {
-    if (bar.has("break"))
+    if (bar.has(u"break"))
         addToolBarBreak();
-    QToolBar *toolBar = addToolBar(bar.value("title"));
-    toolBar->setObjectName(bar.name + QLatin1Char(' ') + bar.value("id"));
+    QToolBar *toolBar = addToolBar(bar.value(u"title"));
+    toolBar->setObjectName(bar.name + u' ' + bar.value(u"id"));
     auto *buttons = new QButtonGroup(toolBar); // of which one is checked
     for (const XmlElement &item : bar.children) {
-        auto *button = item.is("separator") ? nullptr : new ToolButton(item, root, toolBar);
+        auto *button = item.is(u"separator") ? nullptr : makeButton(item, root, toolBar);
         if (button)
             buttons->addButton(button);
         QAction *action = button ? toolBar->addWidget(button) : toolBar->addSeparator();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Products.h"
-#include "document/Document.h"
+#include "format/Finding.h"
 
 #include <QMainWindow>
 #include <QSet>

@@ -1,34 +1,24 @@
 #include "surface/ToolBoxGrid.h"
 
-#include "document/Text.h"
-#include "document/ToolDocument.h"
+#include "tools/Tools.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
-#include <QPainter>
 #include <QScrollBar>
 
 namespace Quenda::Workbench {
 
-ToolButton::ToolButton(const XmlElement &item, const XmlElement &root, QWidget *parent)
-    : QToolButton(parent)
+QToolButton *makeButton(const XmlElement &item, const XmlElement &root, QWidget *parent)
 {
-    const QString id = item.value("id");
-    setText(id);
-    setToolTip(compose("%1\ngroup: %2\nlibrary: %3", id,
-                       item.has("group") ? item.value("group") : QStringLiteral("none"),
-                       moduleOf(item, root)->value("path")));
-    setCheckable(item.is("tool"));
-}
-
-void ToolButton::paintEvent(QPaintEvent *event)
-{
-    QToolButton::paintEvent(event);
-    if (!hasFocus())
-        return;
-    QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    auto *button = new QToolButton(parent);
+    const QString id = item.value(u"id");
+    button->setText(QString(id).replace(u'&', u"&&"_s)); // it has no mnemonic
+    button->setToolTip(compose("%1\ngroup: %2\nlibrary: %3", id,
+                               item.has(u"group") ? item.value(u"group") : u"none"_s,
+                               moduleOf(item, root)->value(u"path")));
+    button->setCheckable(item.is(u"tool"));
+    button->setFocusPolicy(Qt::NoFocus); // whose frame a style sheet hides
+    return button;
 }
 
 GridArea::GridArea(QWidget *grid)
@@ -36,7 +26,7 @@ GridArea::GridArea(QWidget *grid)
     setWidget(grid);
     setWidgetResizable(true);
     setFrameShape(NoFrame);
-    setFocusPolicy(Qt::NoFocus); // it follows the focus of the buttons
+    setFocusPolicy(Qt::NoFocus);
 }
 
 QSize GridArea::sizeHint() const
@@ -54,25 +44,25 @@ void GridArea::resizeEvent(QResizeEvent *event)
 }
 
 ToolBoxGrid::ToolBoxGrid(const XmlElement &box, const XmlElement &root)
-    : columns(std::max(1, box.value("columns").toInt())),
-      margin(box.value("margin").toInt()),
-      spacing(box.value("spacing").toInt())
+    : columns(std::max(1, box.value(u"columns").toInt())),
+      margin(box.value(u"margin").toInt()),
+      spacing(box.value(u"spacing").toInt())
 {
     auto *buttons = new QButtonGroup(this); // of which one is checked
     for (const XmlElement &item : box.children) {
         const quint32 mode = modeOf(box) & modeOf(item);
-        if (item.is("separator")) {
+        if (item.is(u"separator")) {
             auto *line = new QFrame(this);
             line->setFrameStyle(int(QFrame::HLine) | int(QFrame::Sunken));
             items.append({line, mode, {}});
             continue;
         }
-        auto *button = new ToolButton(item, root, this);
-        button->setStyleSheet(box.value("button-style"));
+        auto *button = makeButton(item, root, this);
+        button->setStyleSheet(box.value(u"button-style"));
         // The texts line up when all buttons are as wide as their column.
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         buttons->addButton(button);
-        items.append({button, mode, item.is("key") ? cellsOf(item) : QRect()});
+        items.append({button, mode, item.is(u"key") ? cellsOf(item) : QRect()});
     }
 }
 

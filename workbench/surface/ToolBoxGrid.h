@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/Xml.h"
+#include "xml/XmlDocument.h"
 
 #include <QRect>
 #include <QScrollArea>
@@ -8,16 +8,8 @@
 
 namespace Quenda::Workbench {
 
-/** A button for a tool or a key. It shows the keyboard's focus, whatever its style sheet says. */
-class ToolButton : public QToolButton
-{
-public:
-    /** For @p item of the tool document with this root. */
-    ToolButton(const XmlElement &item, const XmlElement &root, QWidget *parent);
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-};
+/** A button for a tool or a key, @p item of the tool document with this root. */
+QToolButton *makeButton(const XmlElement &item, const XmlElement &root, QWidget *parent);
 
 /** A view of a widget: as large as that is where there is room, and scrolled elsewhere. */
 class GridArea : public QScrollArea

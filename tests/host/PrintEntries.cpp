@@ -13,9 +13,9 @@ namespace {
 
 const char introduction[] = R"(# All entries
 
-What each entry is for, and its value in each product. "-" means that the product does not have the entry. The table is printed by a test, from the list of entries in `host/Products.cpp` and from the documents.
+What each entry is for, and its value in each product. "-" means that the product does not have the entry. The table is generated from the list of entries in `host/Products.cpp` and from the documents.
 
-An entry of the type *text* is read with `getString`, a *list* with `getStringList`, a *flag* with `getBool` and a *number* with `getInt`. A flag says whether the function is on. The names of formats and of file domains, such as "all" and "entp", belong to the hosts; this library only passes them on.
+Read a *text* with `getString`, a *list* with `getStringList`, a *flag* with `getBool` and a *number* with `getInt`. A flag says whether the function is on. `Help/EntryNames.h` has a function for each name, such as `maxPieceCount()`. The names of formats and of file domains, such as "all" and "entp", belong to the hosts; this library only passes them on.
 
 )";
 

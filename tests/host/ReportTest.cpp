@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(report, uR"(Configuration of odd
 
 Entry            Value      Read as  For
-maxPieceCount    many       number   greatest number of pieces; -1: no limit
+maxPieceCount    many       number   greatest number of pieces; -1 means no limit
 importFormats    dxf, aama  list     formats offered for import
 cncEnabled       True       flag     CNC output
 quenda_file_key  ke         text     key of the host's document files

@@ -4,6 +4,8 @@
 
 #include <QMap>
 
+#include <boost/make_shared.hpp>
+
 /** The library's parts that a host may use directly: store, XML readers, logger, utilities. */
 namespace Quenda::Kit {
 
@@ -20,9 +22,8 @@ QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
  * This class is for code that fills a store itself, such as a host's tests. AbstractDataSafe
  * describes the getters, and the rules for threads.
  *
- * Make it with boost::make_shared<DataSafe>(), so that the handle destroys the right type. The
- * other getters call the virtual getString(): a derived class that overrides getString() changes
- * them all.
+ * Make one as a local variable, or with makeDataSafe() if you need a handle. The other getters call
+ * the virtual getString(): a derived class that overrides getString() changes them all.
  */
 class QUENDAHELP_EXPORT DataSafe : public Help::AbstractDataSafe
 {
@@ -43,6 +44,21 @@ public:
 private:
     QMap<QString, QString> entries;
 };
+
+/**
+ * Makes an empty store and its handle, which destroys the right type.
+ *
+ * So does boost::make_shared<DataSafe>(). But there, clang++ with -Wall warns that the destructor
+ * is not virtual (-Wdelete-non-abstract-non-virtual-dtor). It does not warn about a final class, so
+ * mark a class of your own that you derive from DataSafe.
+ */
+inline boost::shared_ptr<DataSafe> makeDataSafe()
+{
+    class Store final : public DataSafe
+    {
+    };
+    return boost::make_shared<Store>();
+}
 
 QT_WARNING_POP
 

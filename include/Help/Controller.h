@@ -39,12 +39,12 @@ public:
     /**
      * Builds the store of the running product and hands it to the connector
      * (AbstractConnector::setAppData()). Call it on the thread of the user interface. The connector
-     * must exist by then: without one, the behaviour is undefined.
+     * must exist by then: without one, the process ends, in a debug build of the library with an
+     * assertion that says so.
      *
      * The store contains the text of the tool document, the text of the menu document, the entries
      * of the product's entry document, and the file key, in this order. If two of them have the
-     * same name, the later one wins. Help/EntryNames.h has the names of those that are not in the
-     * entry document.
+     * same name, the later one wins. Help/EntryNames.h has the names.
      *
      * If the tool document or the menu document is missing, the connector receives an empty handle.
      * If the entry document is missing or not well-formed XML 1.0, only its entries are missing.

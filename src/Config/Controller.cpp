@@ -79,6 +79,7 @@ Controller *Controller::instance()
 bool Controller::startUp()
 {
     ConnectorImpl *connector = ConnectorImpl::instance();
+    Q_ASSERT_X(connector, "Controller::startUp", "make the framework's connector first");
     const boost::shared_ptr<AbstractDataSafe> store = createDataSafe();
     connector->setAppData(store);
     return true;

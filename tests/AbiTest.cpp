@@ -42,10 +42,11 @@ static_assert(!std::is_default_constructible_v<Kit::Logger>);
 
 namespace {
 
-// In the Itanium C++ ABI, a pointer to a virtual member function contains the offset of its slot
-// and a bit that marks it as virtual: in the same word, or on ARM in the other one.
+// In the Itanium C++ ABI, a pointer to a virtual member function contains its offset in the table
+// of virtual functions and a bit that marks it as virtual: in the same word, or on ARM in the other
+// one.
 template <typename MemberFunction>
-int slotOf(MemberFunction function)
+int positionOf(MemberFunction function)
 {
     std::ptrdiff_t words[2] = {0, 0};
     static_assert(sizeof words == sizeof function);
@@ -63,7 +64,7 @@ struct Visitor : DomVisitor
     using DomVisitor::onVisitStarted;
 };
 
-// The slot of another virtual function comes after the last slot of its base.
+// Another virtual function comes after the last one of its base.
 template <typename Base>
 struct Extended : Base
 {
@@ -77,30 +78,30 @@ class AbiTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void slotOrder()
+    void virtualOrder()
     {
-        QCOMPARE(slotOf(&AbstractDataSafe::getString), 0);
-        QCOMPARE(slotOf(&AbstractDataSafe::getStringList), 1);
-        QCOMPARE(slotOf(&AbstractDataSafe::getBool), 2);
-        QCOMPARE(slotOf(&AbstractDataSafe::getDouble), 3);
-        QCOMPARE(slotOf(&AbstractDataSafe::getInt), 4);
-        QCOMPARE(slotOf(&AbstractDataSafe::put), 5);
-        QCOMPARE(slotOf(&Extended<AbstractDataSafe>::next), 6);
+        QCOMPARE(positionOf(&AbstractDataSafe::getString), 0);
+        QCOMPARE(positionOf(&AbstractDataSafe::getStringList), 1);
+        QCOMPARE(positionOf(&AbstractDataSafe::getBool), 2);
+        QCOMPARE(positionOf(&AbstractDataSafe::getDouble), 3);
+        QCOMPARE(positionOf(&AbstractDataSafe::getInt), 4);
+        QCOMPARE(positionOf(&AbstractDataSafe::put), 5);
+        QCOMPARE(positionOf(&Extended<AbstractDataSafe>::next), 6);
 
-        QCOMPARE(slotOf(&AbstractConnector::productId), 0);
-        QCOMPARE(slotOf(&AbstractConnector::setAppData), 1);
-        QCOMPARE(slotOf(&Extended<AbstractConnector>::next), 2);
+        QCOMPARE(positionOf(&AbstractConnector::productId), 0);
+        QCOMPARE(positionOf(&AbstractConnector::setAppData), 1);
+        QCOMPARE(positionOf(&Extended<AbstractConnector>::next), 2);
 
-        QCOMPARE(slotOf(&Visitor::onVisitStarted), 0);
-        QCOMPARE(slotOf(&Visitor::onVisitEnded), 1);
-        QCOMPARE(slotOf(&Visitor::onElement), 2);
-        QCOMPARE(slotOf(&Visitor::onEndElement), 3);
-        QCOMPARE(slotOf(&Visitor::onError), 4);
-        QCOMPARE(slotOf(&Extended<DomVisitor>::next), 5);
+        QCOMPARE(positionOf(&Visitor::onVisitStarted), 0);
+        QCOMPARE(positionOf(&Visitor::onVisitEnded), 1);
+        QCOMPARE(positionOf(&Visitor::onElement), 2);
+        QCOMPARE(positionOf(&Visitor::onEndElement), 3);
+        QCOMPARE(positionOf(&Visitor::onError), 4);
+        QCOMPARE(positionOf(&Extended<DomVisitor>::next), 5);
 
-        const int objectSlots = slotOf(&Extended<QObject>::next);
-        QCOMPARE(slotOf(&Help::AbstractController::startUp), objectSlots);
-        QCOMPARE(slotOf(&Extended<Help::AbstractController>::next), objectSlots + 1);
+        const int afterQObject = positionOf(&Extended<QObject>::next);
+        QCOMPARE(positionOf(&Help::AbstractController::startUp), afterQObject);
+        QCOMPARE(positionOf(&Extended<Help::AbstractController>::next), afterQObject + 1);
     }
 
     void memberOrder()

@@ -7,8 +7,11 @@
 #include <QCoreApplication>
 #include <QDebug>
 
+namespace EntryNames = Quenda::Help::EntryNames;
+
 int main(int argc, char *argv[])
 {
+    // First, because records of the logger are written only while there is an application.
     const QCoreApplication application(argc, argv);
     // On the main thread, before any other thread logs.
     Quenda::Kit::Logger::init();
@@ -18,7 +21,7 @@ int main(int argc, char *argv[])
     // ... the library reads its documents and hands the configuration to the connector ...
     Quenda::Help::Controller::instance()->startUp();
     // ... which keeps it. An empty handle means that the product has none.
-    const auto configuration = connector.appData();
+    const boost::shared_ptr<Quenda::Help::AbstractDataSafe> configuration = connector.appData();
     if (!configuration) {
         Quenda::Kit::Logger::logErr(QStringLiteral("no configuration"));
         QCoreApplication::sendPostedEvents(Quenda::Kit::Logger::instance());
@@ -26,13 +29,14 @@ int main(int argc, char *argv[])
     }
 
     bool ok = false;
-    const int pieces = configuration->getInt(QStringLiteral("maxPieceCount"), &ok);
-    if (ok && pieces >= 0)
+    int pieces = configuration->getInt(EntryNames::maxPieceCount(), &ok);
+    if (!ok)
+        pieces = -1; // a default of this host, for a product that does not have the entry
+    if (pieces >= 0)
         qInfo() << "At most" << pieces << "pieces";
     qInfo() << "Documents are saved under"
-            << configuration->getString(QStringLiteral("fileSaveDomain"));
-    qInfo() << "Menu document:"
-            << configuration->getString(Quenda::Help::EntryNames::menuDocument()).size()
+            << configuration->getString(EntryNames::fileSaveDomain());
+    qInfo() << "Menu document:" << configuration->getString(EntryNames::menuDocument()).size()
             << "characters";
     return 0;
 }

@@ -14,9 +14,10 @@ namespace Quenda::Help {
  * getter may read any entry. Names are compared by UTF-16 code unit, so letter case matters.
  *
  * The library makes the store and hands it to the host as a boost::shared_ptr, the handle. The last
- * handle destroys the store. This class has no virtual destructor, because applications depend on
- * the order of its virtual functions. The handle knows the concrete type; nobody can delete a store
- * through this class.
+ * handle destroys the store, with code of the library: release all handles, also the connector's,
+ * before the library is unloaded. This class has no virtual destructor, because applications depend
+ * on the order of its virtual functions. The handle knows the concrete type; nobody can delete a
+ * store through this class.
  *
  * Each getter has an optional @p ok flag. If it is given, the getter always writes it: true if the
  * entry exists and its text converts, false otherwise. When it is false, the getter returns the

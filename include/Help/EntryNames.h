@@ -30,7 +30,7 @@ inline QString fileKey()
     return QStringLiteral("quenda_file_key");
 }
 
-/** The password of the host's document files; empty in both products. For getString(). */
+/** The password of the host's document files. Both products leave it empty. For getString(). */
 inline QString filePassword()
 {
     return QStringLiteral("filePassword");

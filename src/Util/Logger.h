@@ -39,12 +39,15 @@ public:
  * unchanged, and then ends the line. If the text has a line break, so has the output. It drops the
  * record if the framework has no composer for the severity.
  *
- * The logger is a static object. It is destroyed after main(), or when the library is unloaded, and
- * the records that still wait are lost. Nobody may log after that. So before main() returns, or
- * before a call of exit(), a host must
+ * Records are written only while there is a QCoreApplication. Without one, sendPostedEvents()
+ * deletes them without a message. So make the application before anything that delivers records,
+ * and before it is destroyed, or before a call of exit(),
  * - end the other threads that log, and the logger's event loop;
  * - deliver the records that wait, on the logger's thread, with
  *   `QCoreApplication::sendPostedEvents(Quenda::Kit::Logger::instance())`.
+ *
+ * The logger is a static object. It is destroyed after main(), or when the library is unloaded, and
+ * the records that still wait are lost. Nobody may log after that.
  *
  * A static object that is made before the logger must not log in its destructor, because it is
  * destroyed after the logger. The framework's composers must exist as long as the logger.

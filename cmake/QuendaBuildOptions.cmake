@@ -22,17 +22,3 @@ if(QUENDAHELP_SANITIZE)
         -fsanitize=${QUENDAHELP_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(QuendaBuildOptions INTERFACE -fsanitize=${QUENDAHELP_SANITIZE})
 endif()
-
-# Packages are built with Debian's own flags and all of its hardening, in front of those of the build
-# type. Paths are mapped here: dpkg-buildflags does not quote a folder with a blank.
-if(QUENDAHELP_PACKAGES)
-    set(ENV{DEB_BUILD_MAINT_OPTIONS} "hardening=+all reproducible=-fixfilepath,-fixdebugpath")
-    foreach(kind CPPFLAGS CXXFLAGS LDFLAGS)
-        execute_process(COMMAND dpkg-buildflags --get ${kind}
-            OUTPUT_VARIABLE ${kind} OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-    endforeach()
-    string(APPEND CMAKE_CXX_FLAGS " ${CPPFLAGS} ${CXXFLAGS}")
-    string(APPEND CMAKE_SHARED_LINKER_FLAGS " ${LDFLAGS}")
-    string(APPEND CMAKE_EXE_LINKER_FLAGS " ${LDFLAGS}")
-    target_compile_options(QuendaBuildOptions INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
-endif()

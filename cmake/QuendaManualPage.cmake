@@ -8,13 +8,12 @@ function(quenda_manual_page program component purpose)
     endif()
     set(page "${CMAKE_CURRENT_BINARY_DIR}/${program}.1")
     # help2man does not quote the name of the program.
-    add_custom_command(OUTPUT "${page}.gz"
+    add_custom_command(OUTPUT "${page}"
         COMMAND ${HELP2MAN} --no-info "--name=${purpose}" "--output=${page}" ./${program}
-        COMMAND gzip -9 -n -f "${page}"
         WORKING_DIRECTORY "$<TARGET_FILE_DIR:${program}>"
         DEPENDS ${program}
         COMMENT "Manual page of ${program}"
         VERBATIM)
-    add_custom_target(${program}-manual ALL DEPENDS "${page}.gz")
-    install(FILES "${page}.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT ${component} ${ARGN})
+    add_custom_target(${program}-manual ALL DEPENDS "${page}")
+    install(FILES "${page}" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT ${component} ${ARGN})
 endfunction()

@@ -1,12 +1,11 @@
-// Prints what the preview's window shows at first, and what changes with each step of a session.
+// Prints a session with the preview: a table of steps, with what is new (+) or gone (-) in the
+// window.
 
 #include "Files.h"
-#include "entries/Entries.h"
+#include "documents/Place.h"
 #include "preview/PreviewWindow.h"
 #include "surface/Picture.h"
-#include "tools/Tools.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QDesktopServices>
@@ -16,6 +15,7 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMenu>
+#include <QProcess>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -26,32 +26,11 @@
 #include <QToolButton>
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 
 using namespace Quenda::Workbench;
 
 namespace {
-
-// The place of a copy of the product's documents.
-Place copyInto(const QString &folder)
-{
-    QString error;
-    const Place original = Place::find(QStringLiteral(PRODUCT), &error).value();
-    Place copy = original;
-    copy.folder = folder;
-    QDir().mkpath(folder);
-    for (const Format *format : original.formats)
-        QFile::copy(original.pathOf(*format), copy.pathOf(*format));
-    return copy;
-}
-
-void save(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(content);
-}
 
 QString toolsOf(const QWidget &panel)
 {
@@ -63,9 +42,12 @@ QString toolsOf(const QWidget &panel)
     return texts.join(u' ');
 }
 
-void print(const QString &heading, const QStringList &lines)
+QString nameOf(const QWidget *widget)
 {
-    std::printf("%s\n", qUtf8Printable((QStringList(heading) + lines).join(u"\n  "_s)));
+    if (!widget)
+        return u"none"_s;
+    return widget->objectName().isEmpty() ? QLatin1String(widget->metaObject()->className())
+                                          : widget->objectName();
 }
 
 } // namespace
@@ -75,77 +57,93 @@ class Session : public QObject
     Q_OBJECT
 
 public:
-    explicit Session(const Place &shownPlace)
-        : place(shownPlace),
-          entries(place.pathOf(entryFormat())),
-          tools(place.pathOf(toolFormat())),
-          goodEntries(contentOf(entries)),
-          goodTools(contentOf(tools))
+    Session() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
+
+    void printStep(const QString &step)
     {
-        QDesktopServices::setUrlHandler(u"file"_s, this, "open");
-        openWindow({});
-        const QWidget &lastControl = *window->findChild<QPushButton *>();
-        const bool isNarrow = lastControl.geometry().right() < window->width() * 9 / 10;
-        print(u"opened, %1 by %2%3"_s.arg(window->width())
-                  .arg(window->height())
-                  .arg(isNarrow ? u""_s : u", controls wide"_s),
-              describe());
+        const QStringList before = describe();
+        opened.clear();
+        std::printf("%s\n", qUtf8Printable(step));
+        const QString verb = step.section(u' ', 1, 1);
+        if (step.startsWith(u"> "_s))
+            act(verb, step.section(u' ', 2));
+        // The window follows what is in the files.
+        if (step.startsWith(u"$ "_s) && !printsInShell(step.mid(2)))
+            (void)QTest::qWaitFor([&] { return describe() != before; }, 3000);
+        if (step.startsWith(u"& "_s))
+            printsInShell(step.mid(2));
+        else
+            QTest::qWait(50); // nothing more happens
+        const QStringList after = describe();
+        for (const QString &line : before)
+            if (!hasLine(after, line.section(u' ', 0, 0)))
+                std::printf("- %s\n", qUtf8Printable(line));
+        for (const QString &line : after)
+            if (!before.contains(line))
+                std::printf("+ %s\n", qUtf8Printable(line));
     }
 
-    void run()
+public Q_SLOTS:
+    void open(const QUrl &url) { opened = u"opened "_s + url.fileName(); }
+
+private:
+    static bool hasLine(const QStringList &lines, const QString &start)
     {
-        saveTools("saved in place", with("\"pin\"", "\"one\""));
-        step("saved by renaming", [this] {
-            save(tools + u".new"_s, with("\"pin\"", "\"two\""));
-            std::filesystem::rename(qPrintable(tools + u".new"_s), qPrintable(tools));
-        });
-        step("saved in several steps", [this] {
-            const QStringList before = describe();
-            QTimer writer;
-            int count = 10;
-            connect(&writer, &QTimer::timeout, this,
-                    [&] { save(tools, with("\"pin\"", '"' + QByteArray::number(++count) + '"')); });
-            writer.start(10);
-            QTest::qWait(350);
-            if (describe() != before)
-                print(u"shown meanwhile"_s, describe());
-            save(tools, with("\"pin\"", "\"all\""));
-        });
-        step("a warning",
-             [this] { save(entries, QByteArray(goodEntries).replace(">entp<", "> entp<")); });
-        const QByteArray name = "\"&lt;b>bold&lt;/b> " + QByteArray("in words ").repeated(6) + '"';
-        saveTools("broken", with("\"pin\"", name).replace("columns=\"2\"", "columns=\"0\""));
-        step("to the findings with the keyboard", [this] {
-            window->findChild<QComboBox *>(u"presentation"_s)->setFocus();
-            for (int i = 0; !findingsPane()->hasFocus(); ++i) {
-                if (i == 100)
-                    qFatal("the findings have no focus after %d times Tab", i);
-                press(Qt::Key_Tab);
-            }
-            press(Qt::Key_Down);
-        });
-        step("activated", [this] { press(Qt::Key_Return); });
-        step("activated, and the desktop has no program for it", [this] {
-            QDesktopServices::unsetUrlHandler(u"file"_s);
-            press(Qt::Key_Return);
-        });
-        step("with an editor", [this] {
-            save(u"an editor"_s, "#!/bin/sh\nprintf '<%s> ' \"$@\" >new\nmv new seen\n");
-            QFile::setPermissions(u"an editor"_s, QFile::ReadOwner | QFile::ExeOwner);
-            qputenv("QUENDA_EDITOR", "none");
-            openWindow(u"\"./an editor\" -l {line} {file}:{line}:{column}"_s);
-            activateFinding();
-            (void)QTest::qWaitFor([] { return QFile::exists(u"seen"_s); }, 3000);
-        });
-        step("with one that does not exist", [this] {
-            QFile::remove(u"seen"_s);
-            qputenv("QUENDA_EDITOR",
-                    "\"none<br><br><br>" + QByteArray(" at all").repeated(10) + "\" {file}");
-            openWindow({});
-            togglePanel({}); // there is none
-            activateFinding();
-        });
-        step("findings dragged down", [this] {
+        return std::any_of(lines.begin(), lines.end(),
+                           [&start](const QString &line) { return line.startsWith(start); });
+    }
+
+    static bool printsInShell(const QString &command)
+    {
+        // A file that is written while it is read must not stay empty until a program has started.
+        const QString save = u"save() { text=$(cat); printf '%s\\n' \"$text\" >\"$1\"; }; "_s;
+        QProcess shell;
+        shell.setStandardOutputFile(u"output"_s);
+        shell.start(u"sh"_s, {u"-c"_s, save + command});
+        shell.waitForFinished();
+        const QString output = QString::fromUtf8(contentOf(u"output"_s));
+        if (!output.isEmpty())
+            std::printf("| %s", qPrintable(output));
+        return !output.isEmpty();
+    }
+
+    void act(const QString &verb, const QString &rest)
+    {
+        const int number = rest.section(u' ', -1).toInt();
+        auto *dock = window ? window->findChild<QDockWidget *>(rest) : nullptr;
+        if (verb == u"open"_s) {
+            QString error;
+            window = std::make_unique<PreviewWindow>(
+                Place::find(u"a place/lorvan"_s, &error).value(), rest);
+            window->show();
+            (void)QTest::qWaitForWindowActive(window.get());
+        } else if (verb == u"press"_s) {
+            const int key = QKeySequence(rest)[0];
+            QWidget *focused = QApplication::focusWidget();
+            QTest::keyClick(
+                focused ? focused : window.get(),
+                static_cast<Qt::Key>(key & ~int(Qt::KeyboardModifierMask)),
+                static_cast<Qt::KeyboardModifiers>(key & int(Qt::KeyboardModifierMask)));
+        } else if (verb == u"tab"_s) { // until something has the focus
+            for (int i = 0; i < 100 && nameOf(QApplication::focusWidget()) != rest; ++i)
+                act(u"press"_s, u"Tab"_s);
+        } else if (verb == u"choose"_s) {
+            window->findChild<QComboBox *>(rest.section(u' ', 0, 0))->setCurrentIndex(number);
+        } else if (verb == u"panel"_s) {
+            togglePanel(rest);
+        } else if (verb == u"left"_s || verb == u"right"_s) {
+            dock->setFloating(false);
+            surface()->addDockWidget(
+                verb == u"left"_s ? Qt::LeftDockWidgetArea : Qt::RightDockWidgetArea, dock);
+            window->activateWindow();
+        } else if (verb == u"float"_s) {
+            dock->setFloating(true);
+            dock->move(33, 44);
+        } else if (verb == u"close"_s) {
+            dock->close();
+        } else if (verb == u"resize"_s) {
+            window->resize(rest.section(u' ', 0, 0).toInt(), number);
+        } else if (verb == u"drag"_s) { // the border above the findings, beyond the window
             QWidget *handle = window->findChild<QSplitter *>()->handle(1);
             QTest::mousePress(handle, Qt::LeftButton);
             const QPoint below(0, window->height());
@@ -153,103 +151,21 @@ public:
                              Qt::LeftButton, Qt::NoModifier);
             QApplication::sendEvent(handle, &move);
             QTest::mouseRelease(handle, Qt::LeftButton);
-        });
-        saveTools("corrected", goodTools);
-        step("without a warning", [this] { save(entries, goodEntries); });
-        step("removed", [this] { QFile::remove(tools); });
-        saveTools("put back", goodTools);
-        step("folder renamed", [] { std::filesystem::rename("first", "second"); });
-        step("another in its place", [] { copyInto(u"first"_s); });
-        saveTools("saved in that", with("\"pin\"", "\"new\""));
-        step("link switched to the other", [] {
-            std::filesystem::create_symlink("second", "new");
-            std::filesystem::rename("new", "a place");
-        });
-        step("keypad moved",
-             [this] { surface()->addDockWidget(Qt::LeftDockWidgetArea, panel(u"keypad 1"_s)); });
-        saveTools("saved with more columns", with("columns=\"2\"", "columns=\"3\""));
-        step("tools floated", [this] {
-            panel(u"toolbox 1"_s)->setFloating(true);
-            panel(u"toolbox 1"_s)->move(33, 44);
-        });
-        saveTools("saved with a wider margin", with("margin=\"5\"", "margin=\"90\""));
-        step("moved back", [this] {
-            panel(u"toolbox 1"_s)->setFloating(false);
-            surface()->addDockWidget(Qt::RightDockWidgetArea, panel(u"keypad 1"_s));
-            window->activateWindow();
-        });
-        step("another state", [this] {
-            stateSelector()->setFocus();
-            press(Qt::Key_Down);
-        });
-        step("the next state", [this] { press(Qt::Key_Down); });
-        step("keypad closed", [this] { panel(u"keypad 1"_s)->toggleViewAction()->trigger(); });
-        step("the state before", [this] { stateSelector()->setCurrentIndex(1); });
-        saveTools("saved", with("\"pin\"", "\"two\""));
-        step("tool bars", [this] {
-            stateSelector()->setFocus();
-            press(Qt::Key_Tab);
-            press(Qt::Key_Down);
-        });
-        saveTools("saved", with("In every state", "Always"));
-        step("keypad opened", [this] { togglePanel(u"Keypad"_s); });
-        step("tool bar closed", [this] { togglePanel(u"Style"_s); });
-        step("a state without it", [this] { stateSelector()->setCurrentIndex(2); });
-        step("a state with it, closed", [this] { stateSelector()->setCurrentIndex(0); });
-        step("tool bar opened", [this] { togglePanel(u"Style"_s); });
-        step("saved, and F5 before that is noticed", [this] {
-            save(tools, goodTools);
-            press(Qt::Key_F5);
-            QTest::qWait(10);
-            print(u"at once"_s, describe());
-        });
-        step("tool boxes in a low window", [this] {
-            window->findChild<QComboBox *>(u"presentation"_s)->setCurrentIndex(0);
-            window->resize(600, 140);
-        });
-        step("in a low and wide one", [this] { window->resize(1200, 140); });
-        step("keypad removed", [this] {
-            QByteArray content = goodTools;
-            const int start = content.indexOf("<keypad");
-            save(tools, content.remove(start, content.indexOf("<toolbar") - start));
-        });
-        step("current folder replaced", [this] {
-            const QString folder = QDir::currentPath();
-            QDir().rename(folder, folder + u".old"_s);
-            copyInto(folder + u'/' + place.folder);
-        });
-        step("Ctrl+Q", [this] { press(Qt::Key_Q, Qt::ControlModifier); });
-    }
-
-public Q_SLOTS:
-    void open(const QUrl &url) { opened = u"opened "_s + url.fileName(); }
-
-private:
-    void openWindow(const QString &editor)
-    {
-        window = std::make_unique<PreviewWindow>(place, editor);
-        window->show();
-        (void)QTest::qWaitForWindowActive(window.get());
-    }
-
-    // Waits until something changes, and then until nothing more does.
-    template <typename Action>
-    void step(const char *name, const Action &action)
-    {
-        const QStringList before = describe();
-        opened.clear();
-        action();
-        (void)QTest::qWaitFor([&] { return describe() != before; }, 3000);
-        QTest::qWait(50);
-        const QStringList after = describe();
-        QStringList changes;
-        for (const QString &line : before)
-            if (!after.contains(line))
-                changes += u"- "_s + line;
-        for (const QString &line : after)
-            if (!before.contains(line))
-                changes += u"+ "_s + line;
-        print(QLatin1String(name), changes);
+        } else if (verb == u"write"_s) { // something else, again and again
+            QTimer writer;
+            int count = 0;
+            connect(&writer, &QTimer::timeout, this, [&] {
+                QFile file(rest);
+                if (file.open(QIODevice::WriteOnly))
+                    file.write("<a" + QByteArray::number(++count));
+            });
+            writer.start(10);
+            QTest::qWait(350);
+        } else if (verb == u"no"_s) { // program of the desktop
+            QDesktopServices::unsetUrlHandler(u"file"_s);
+        } else {
+            qputenv("QUENDA_EDITOR", rest.toUtf8());
+        }
     }
 
     void togglePanel(const QString &name)
@@ -264,49 +180,26 @@ private:
                 action->trigger();
     }
 
-    void activateFinding()
-    {
-        findingsPane()->setFocus();
-        press(Qt::Key_Down);
-        press(Qt::Key_Return);
-    }
-
-    // The tool document with something else.
-    QByteArray with(const QByteArray &before, const QByteArray &after) const
-    {
-        return QByteArray(goodTools).replace(before, after);
-    }
-
-    void saveTools(const char *name, const QByteArray &content)
-    {
-        step(name, [&] { save(tools, content); });
-    }
-
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QWidget *focused = QApplication::focusWidget();
-        QTest::keyClick(focused ? focused : window.get(), key, modifiers);
-    }
-
-    QComboBox *stateSelector() const { return window->findChild<QComboBox *>(u"state"_s); }
     QMainWindow *surface() const { return window->findChild<QMainWindow *>(); }
-    QListWidget *findingsPane() const { return window->findChild<QListWidget *>(); }
-    QDockWidget *panel(const QString &name) const { return window->findChild<QDockWidget *>(name); }
 
     QStringList describe() const
     {
-        if (!window->isVisible())
+        if (!window || !window->isVisible())
             return {u"closed"_s};
-        QStringList lines {window->windowTitle()};
+        QStringList lines {u"title: "_s + window->windowTitle(),
+                           u"size: %1 by %2"_s.arg(window->width()).arg(window->height())};
         const auto labels = window->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
         for (const QLabel *label : labels)
             if (const auto *selector = qobject_cast<QComboBox *>(label->buddy()))
                 lines += label->text() + u' ' + selector->currentText();
+            else if (label->isVisible())
+                lines += u"failure: %1 (%2 lines)"_s.arg(label->text())
+                             .arg(label->height() / label->fontMetrics().lineSpacing());
         const auto panels =
             surface()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-        for (const QWidget *shown : panels)
-            if (shown->isVisible() && !shown->windowTitle().isEmpty())
-                lines += shown->windowTitle() + placeOf(*shown) + u": "_s + toolsOf(*shown);
+        for (const QWidget *panel : panels)
+            if (panel->isVisible() && !panel->windowTitle().isEmpty())
+                lines += panel->windowTitle() + u": "_s + placeOf(*panel) + toolsOf(*panel);
         // The texts of what is greyed out are not as dark as others.
         const QRect area(surface()->mapTo(window.get(), QPoint()), surface()->size());
         const QImage image = window->grab(area).toImage();
@@ -314,64 +207,50 @@ private:
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
                 darkest = std::min(darkest, qGray(image.pixel(x, y)));
-        const QWidget &drawing = *surface()->centralWidget();
-        lines += u"%1, %2 from the left, %3 from the right"_s
+        lines += u"surface: %1, %2 from the left, %3 from the right"_s
                      .arg(darkest > 100 ? u"greyed out"_s : u"clear"_s)
                      .arg(area.left())
                      .arg(window->width() - 1 - area.right());
+        const QWidget &drawing = *surface()->centralWidget();
         if (drawing.width() < drawing.sizeHint().width())
             lines += u"drawing cut off"_s;
         if (surface()->geometry() != surface()->parentWidget()->rect())
             lines += u"with margins"_s;
         if (!surface()->isAncestorOf(window->childAt(area.center())))
             lines += u"out of reach of the mouse"_s;
-        const QListWidget *pane = findingsPane();
+        const auto *pane = window->findChild<QListWidget *>();
         if (pane->isVisible())
             lines +=
-                u"findings %1 % high%2"_s
+                u"findings: %1 % high%2"_s
                     .arg(5 * qRound(20.0 * pane->height() / (area.height() + pane->height())))
                     .arg(pane->horizontalScrollBar()->maximum() == 0 ? u""_s : u", too wide"_s);
         for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
-            lines += (pane->item(i)->isSelected() ? u"> "_s : u"| "_s) + pane->item(i)->text();
-        for (const QLabel *label : labels)
-            if (label->isVisible() && !label->buddy())
-                lines += u"%1 (%2 lines)"_s.arg(label->text())
-                             .arg(label->height() / label->fontMetrics().lineSpacing());
+            lines += pane->item(i)->text();
+        for (const QListWidgetItem *item : pane->selectedItems())
+            lines += u"selected: "_s + item->text().section(u' ', 0, 0);
         if (!opened.isEmpty())
             lines += opened;
-        if (QFile::exists(u"seen"_s))
-            lines += QString::fromUtf8(contentOf(u"seen"_s)).remove(QDir::currentPath() + u'/');
-        const QWidget *focused = QApplication::focusWidget();
-        const QString name = !focused ? u"none"_s
-                             : focused->objectName().isEmpty()
-                                 ? QLatin1String(focused->metaObject()->className())
-                                 : focused->objectName();
-        return lines + QStringList {u"focus: "_s + name};
+        return lines + QStringList {u"focus: "_s + nameOf(QApplication::focusWidget())};
     }
 
-    QString placeOf(const QWidget &shown) const
+    QString placeOf(const QWidget &panel) const
     {
-        const auto *dock = qobject_cast<const QDockWidget *>(&shown);
+        const auto *dock = qobject_cast<const QDockWidget *>(&panel);
         if (!dock)
             return {};
         const auto *area = static_cast<const QScrollArea *>(dock->widget());
-        const bool isLeft = shown.geometry().center().x() < surface()->width() / 2;
-        QString text = shown.isWindow() ? u", floating at %1 %2"_s.arg(shown.x()).arg(shown.y())
-                                        : u", "_s + (isLeft ? u"left"_s : u"right"_s);
+        const bool isLeft = panel.geometry().center().x() < surface()->width() / 2;
+        QString text = panel.isWindow() ? u"floating at %1 %2, "_s.arg(panel.x()).arg(panel.y())
+                                        : (isLeft ? u"left, "_s : u"right, "_s);
         if (area->width() != area->sizeHint().width())
-            text += area->width() < area->sizeHint().width() ? u", too narrow"_s : u", too wide"_s;
+            text += area->width() < area->sizeHint().width() ? u"too narrow, "_s : u"too wide, "_s;
         if (area->verticalScrollBar()->isVisible())
-            text += u", scrolled, %1 tenths wide"_s.arg(
+            text += u"scrolled, %1 tenths wide, "_s.arg(
                 qRound(10.0 * area->width() / surface()->width()));
-        return text + (area->horizontalScrollBar()->isVisible() ? u", scrolled sideways"_s : u""_s);
+        return text + (area->horizontalScrollBar()->isVisible() ? u"scrolled sideways, "_s : u""_s);
     }
 
-    const Place place;
     std::unique_ptr<PreviewWindow> window;
-    const QString entries;
-    const QString tools;
-    const QByteArray goodEntries;
-    const QByteArray goodTools;
     QString opened;
 };
 
@@ -379,13 +258,18 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     useLightStyle();
+    QStringList lines = QString::fromUtf8(contentOf(QString::fromLocal8Bit(argv[1]))).split(u'\n');
+    lines.removeLast(); // it is empty
     const QTemporaryDir folder;
-    QDir::setCurrent(folder.path());
-    Place place = copyInto(u"first"_s);
-    std::filesystem::create_symlink("first", "a place");
-    place.folder = u"a place"_s;
-    Session(place).run();
-    QDir(folder.path() + u".old"_s).removeRecursively();
+    QDir(folder.path()).mkdir(u"current"_s);
+    QDir::setCurrent(folder.filePath(u"current"_s));
+    qputenv("product", PRODUCT);
+    Session session;
+    for (const QString &line : qAsConst(lines))
+        if (line.startsWith(u"$ "_s) || line.startsWith(u"& "_s) || line.startsWith(u"> "_s))
+            session.printStep(line);
+        else if (!QStringList {u"- "_s, u"+ "_s, u"| "_s}.contains(line.left(2)))
+            std::printf("%s\n", qUtf8Printable(line));
 }
 
 #include "PrintPreview.moc"

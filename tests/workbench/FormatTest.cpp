@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-#include <set>
+#include <map>
 
 using namespace Quenda::Workbench;
 
@@ -20,51 +20,34 @@ QStringList triedValues(const ValueType &value)
                  u'|');
 }
 
-// An element with no more than it needs.
-QString leastOf(const ElementDeclaration &declared)
-{
-    const auto valueOf = [](const ValueType &value) {
-        QStringList values = triedValues(value);
-        while (!value.allows(values.constFirst()))
-            values.removeFirst();
-        return values.constFirst();
-    };
-    const QString name = declared.name;
-    QString attributes;
-    QString inside;
-    for (const AttributeDeclaration &attribute : declared.attributes)
-        if (attribute.occurrence == Occurrence::Once)
-            attributes += u" %1=\"%2\""_s.arg(attribute.name, valueOf(attribute.value));
-    for (const ElementDeclaration::Part &part : declared.parts)
-        if (part.occurrence == Occurrence::Once)
-            inside += leastOf(*part.elements.front());
-    if (declared.text)
-        inside += valueOf(*declared.text);
-    return u"<%1%2>%3</%1>"_s.arg(name, attributes, inside);
-}
-
 // Edits a document in all ways that its declaration allows and forbids, once for each kind of
-// element and attribute.
+// element and attribute. The document has all of them.
 class Editor
 {
 public:
-    Editor(const Document &document, std::set<const void *> *seenKinds)
-        : format(document.format), xml(document.xml), text(xml.text), seen(seenKinds)
+    explicit Editor(const Document &document)
+        : format(document.format), xml(document.xml), text(xml.text)
     {
-        edit(xml.root, format->elements.front());
+        collect(xml.root, format->elements.front());
+        for (const auto &[declared, element] : examples) {
+            const QString what = declared->name + u' ' + declared->variants().join(u' ');
+            editElement(*element, *declared, what);
+            for (const AttributeDeclaration &attribute : declared->attributes)
+                editAttribute(*element, attribute, what + u" @"_s + attribute.name);
+        }
     }
 
 private:
-    void edit(const XmlElement &element, const ElementDeclaration &declared)
+    void collect(const XmlElement &element, const ElementDeclaration &declared)
     {
-        const QString what = declared.name + u' ' + declared.variants().join(u' ');
-        if (seen->insert(&declared).second) {
-            editElement(element, declared, what);
-            for (const AttributeDeclaration &attribute : declared.attributes)
-                editAttribute(element, attribute, what + u" @"_s + attribute.name);
-        }
+        examples.emplace(&declared, &element);
         for (const XmlElement &child : element.children)
-            edit(child, *declared.child(child));
+            collect(child, *declared.child(child));
+    }
+
+    QString textOf(const XmlElement &element) const
+    {
+        return text.mid(element.offset, endOf(element) - element.offset);
     }
 
     void add(const QString &what, int from, int to, const QString &with)
@@ -104,7 +87,7 @@ private:
         const QString close = u"</%1>"_s.arg(element.name);
         if (&element != &xml.root) {
             add(what + u" left out"_s, start, end, {});
-            add(what + u" doubled"_s, end, end, text.mid(start, end - start));
+            add(what + u" doubled"_s, end, end, textOf(element));
         }
         add(what + u" emptied"_s, start, end, open + close);
         add(what + u" misspelt"_s, start, end, u"<x%1</x%2"_s.arg(open.mid(1), close.mid(2)));
@@ -117,7 +100,7 @@ private:
         for (const ElementDeclaration::Part &part : declared.parts)
             for (const ElementDeclaration *child : part.elements)
                 for (const int offset : {inside, end - close.size()})
-                    add(what + u" with"_s, offset, offset, leastOf(*child));
+                    add(what + u" with"_s, offset, offset, textOf(*examples.at(child)));
     }
 
     void editAttribute(const XmlElement &element, const AttributeDeclaration &attribute,
@@ -136,7 +119,7 @@ private:
     const Format *format;
     const XmlDocument xml;
     const QString text;
-    std::set<const void *> *seen;
+    std::map<const ElementDeclaration *, const XmlElement *> examples;
 };
 
 } // namespace
@@ -151,10 +134,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("format");
         QTest::addColumn<QString>("content");
-        std::set<const void *> seen;
         QString error;
         for (const Document &document : Place::find(QStringLiteral(PRODUCT), &error).value().read())
-            Editor(document, &seen);
+            Editor {document};
     }
 
     void edits()

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QDockWidget>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QScrollArea>
@@ -42,12 +43,6 @@ QString descriptionOf(QToolButton &button)
     return text + (button.isChecked() ? u", checked"_s : u", not to be checked"_s);
 }
 
-// The index of a number among those of a set.
-int indexIn(const std::set<int> &numbers, int number)
-{
-    return static_cast<int>(std::distance(numbers.begin(), numbers.lower_bound(number)));
-}
-
 class SurfacePrinter
 {
 public:
@@ -66,9 +61,6 @@ public:
                         + (shown == Presentation::ToolBoxes ? u", tool boxes"_s : u", tool bars"_s),
                     panels() + offered());
             }
-        print(u"drawing"_s, {u"on %1, with its text %2"_s.arg(
-                                drawing().grab().toImage().pixelColor(0, 0).name(),
-                                isCentred() ? u"in the middle"_s : u"off the middle"_s)});
     }
 
 private:
@@ -85,18 +77,6 @@ private:
 
     QLabel &drawing() const { return *static_cast<QLabel *>(surface.centralWidget()); }
 
-    bool isCentred() const
-    {
-        const QImage image = drawing().grab().toImage();
-        QRegion writing;
-        for (int x = 0; x < image.width(); ++x)
-            for (int y = 0; y < image.height(); ++y)
-                if (image.pixel(x, y) != image.pixel(0, 0))
-                    writing += QRect(x, y, 1, 1);
-        const QPoint off = writing.boundingRect().center() - image.rect().center();
-        return off.manhattanLength() < 8;
-    }
-
     QStringList offered()
     {
         QString texts;
@@ -111,16 +91,13 @@ private:
     QStringList panels()
     {
         QStringList lines;
-        std::set<int> rows; // of tool bars
         const auto bars = surface.findChildren<QToolBar *>();
-        for (const QToolBar *bar : bars)
+        for (QToolBar *bar : bars)
             if (bar->isVisible())
-                rows.insert(bar->y());
-        for (const QToolBar *bar : bars)
-            if (bar->isVisible())
-                lines +=
-                    u"top, row %1 \"%2\":"_s.arg(indexIn(rows, bar->y())).arg(bar->windowTitle())
-                    + itemsOf(*bar);
+                lines += u"%1 \"%2\":"_s.arg(surface.toolBarBreak(bar) ? u"top, in a new row,"_s
+                                                                       : u"top"_s,
+                                             bar->windowTitle())
+                         + itemsOf(*bar);
         const auto docks = surface.findChildren<QDockWidget *>();
         for (const QDockWidget *dock : docks)
             if (dock->isVisible())
@@ -149,41 +126,27 @@ private:
     // Row by row, each item with its column and, if it covers several cells, with its size.
     QString cellsOf(const QWidget &grid)
     {
-        std::map<std::pair<int, int>, const QWidget *> widgets;
-        std::set<int> columns;
-        std::set<int> rows;
-        QRect all;
-        const auto children = grid.findChildren<QWidget *>();
-        for (const QWidget *child : children) {
-            if (!child->isVisible())
-                continue;
-            widgets[{child->y(), child->x()}] = child;
-            columns.insert(child->x());
-            rows.insert(child->y());
-            all |= child->geometry();
-        }
-        QList<QToolButton *> buttons = grid.findChildren<QToolButton *>();
-        buttons.erase(std::remove_if(buttons.begin(), buttons.end(),
-                                     [](QToolButton *button) { return !button->isVisible(); }),
-                      buttons.end());
-        QString text = u"margins %1 %2 %3"_s.arg(all.left())
-                           .arg(all.top())
-                           .arg(grid.width() - 1 - all.right());
-        const QWidget *previous = nullptr;
-        for (const auto &[position, widget] : widgets) {
-            const auto *button = qobject_cast<const QToolButton *>(widget);
-            const int row = indexIn(rows, widget->y());
-            const int column = indexIn(columns, widget->x());
-            const int height = indexIn(rows, widget->y() + widget->height()) - row;
-            const int width = indexIn(columns, widget->x() + widget->width()) - column;
-            if (!previous || previous->y() != widget->y())
-                text += u"\n   "_s;
-            else
-                text += u" +%1"_s.arg(widget->x() - previous->x() - previous->width());
-            text += u" %1 %2"_s.arg(column).arg(button ? button->text() : u"----"_s);
+        const auto *layout = qobject_cast<const QGridLayout *>(grid.layout());
+        const QRect area = layout->contentsRect();
+        QList<QToolButton *> buttons;
+        QString text = u"%1 %2 %3 around, %4 between"_s.arg(area.left())
+                           .arg(area.top())
+                           .arg(grid.width() - 1 - area.right())
+                           .arg(layout->spacing());
+        for (int i = 0, before = -1; i < layout->count(); ++i) {
+            auto *button = qobject_cast<QToolButton *>(layout->itemAt(i)->widget());
+            if (button)
+                buttons += button;
+            int row = 0;
+            int column = 0;
+            int height = 0;
+            int width = 0;
+            layout->getItemPosition(i, &row, &column, &height, &width);
+            text += (row == before ? u" |"_s : u"\n    %1:"_s.arg(row))
+                    + u" %1 %2"_s.arg(column).arg(button ? button->text() : u"----"_s);
             if (height * width > 1)
                 text += u" %1x%2"_s.arg(height).arg(width);
-            previous = widget;
+            before = row;
         }
         return (seen.insert(text).second ? text : u"as above"_s) + descriptionsOf(buttons);
     }

@@ -180,6 +180,8 @@ private Q_SLOTS:
             } catch (const std::runtime_error &) {
             }
         };
+        if (mallinfo2().uordblks == 0)
+            QSKIP("a sanitizer allocates, and looks for leaks itself");
         std::size_t inUse = 0;
         for (int round = 0; round < 2; ++round) {
             inUse = mallinfo2().uordblks; // in the second round, without what a process makes once

@@ -24,8 +24,7 @@ using namespace Quenda::Workbench;
 
 namespace {
 
-// What a button tells beside its text, the colours of its edge and ground, also with the keyboard's
-// focus, and what becomes of a click.
+// What a button has beside its text, the colours of its edge and ground, and what becomes of a click.
 QString descriptionOf(QToolButton &button)
 {
     const auto look = [&button] {
@@ -35,10 +34,7 @@ QString descriptionOf(QToolButton &button)
     };
     const bool hasStyle = !button.styleSheet().isEmpty(); // others look as Qt has it
     QString text = button.toolTip().replace(button.text(), u"ID"_s).replace(u'\n', u", "_s);
-    button.clearFocus();
     text += hasStyle ? u","_s + look() : QString();
-    button.setFocus();
-    text += hasStyle ? u", focused"_s + look() : QString();
     button.click();
     return text + (button.isChecked() ? u", checked"_s : u", not to be checked"_s);
 }

@@ -107,14 +107,11 @@ QByteArray PreviewWindow::filesNow() const
 {
     QByteArray files;
     for (const Format *format : place.formats) {
-        struct stat file
-        {
-        };
-        stat(QFile::encodeName(place.pathOf(*format)).constData(), &file); // zeros if it fails
-        for (const auto number :
-             {std::int64_t(file.st_dev), std::int64_t(file.st_ino), std::int64_t(file.st_size),
-              std::int64_t(file.st_ctim.tv_sec), std::int64_t(file.st_ctim.tv_nsec)})
-            files += QByteArray::number(qint64(number)) + ' ';
+        struct stat file = {}; // zeros if it fails
+        stat(QFile::encodeName(place.pathOf(*format)).constData(), &file);
+        for (const qint64 number : {qint64(file.st_dev), qint64(file.st_ino), qint64(file.st_size),
+                                    qint64(file.st_ctim.tv_sec), qint64(file.st_ctim.tv_nsec)})
+            files += QByteArray::number(number) + ' ';
     }
     return files;
 }

@@ -46,11 +46,6 @@ public:
 
     void check()
     {
-        for (const XmlElement &part : root.children) {
-            masks.insert(part.value(u"mode"));
-            for (const XmlElement &item : part.children)
-                masks.insert(item.value(u"mode"));
-        }
         checkUnique(root);
         checkReferences();
         for (const XmlElement &part : root.children) {
@@ -184,21 +179,15 @@ private:
     // Whether the element's own mask is right, in a box or as one.
     bool checkMode(const XmlElement &element, const XmlElement &box)
     {
-        const QString written = element.value(u"mode");
         const quint32 mode = modeOf(element);
         const int offset = element.offsetOf(u"mode");
         if (!element.has(u"mode"))
             return true;
-        if (!maskFromText(written)) {
-            findings.error(offset, "mode \"%1\" has more than 32 bits; write a smaller one",
-                           written);
+        if (!maskFromText(element.value(u"mode"))) {
+            findings.error(offset, "%1 has more than 32 bits; write a smaller one",
+                           modeText(element));
             return false;
         }
-        if (!written.startsWith(u"0x"_s) && masks.contains(u"0x"_s + written))
-            findings.warning(offset,
-                             "%1 is decimal, but there is \"0x%2\", too; write one of "
-                             "\"0x%2\" and \"%3\"",
-                             modeText(element), written, hexadecimal(mode));
         if (!states.isEmpty() && statesIn(mode).isEmpty()) {
             const HostState &example = stateFor(box.name);
             findings.error(offset,
@@ -247,7 +236,6 @@ private:
     const XmlElement &root;
     const QVector<HostState> states; // none of an unknown product
     Findings &findings;
-    QSet<QString> masks; // as written
 };
 
 void checkTools(const Document &document, const Product *product, Findings &findings)

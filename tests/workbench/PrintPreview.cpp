@@ -214,8 +214,6 @@ private:
         const QWidget &drawing = *surface()->centralWidget();
         if (drawing.width() < drawing.sizeHint().width())
             lines += u"drawing cut off"_s;
-        if (surface()->geometry() != surface()->parentWidget()->rect())
-            lines += u"with margins"_s;
         if (!surface()->isAncestorOf(window->childAt(area.center())))
             lines += u"out of reach of the mouse"_s;
         const auto *pane = window->findChild<QListWidget *>();

@@ -24,17 +24,15 @@ using namespace Quenda::Workbench;
 
 namespace {
 
-// What a button has beside its text, the colours of its edge and ground, and what becomes of a click.
+// What a button has beside its text, the colours of its edge and ground, and what becomes of a
+// click.
 QString descriptionOf(QToolButton &button)
 {
-    const auto look = [&button] {
-        const QImage image = button.grab().toImage();
-        return u" %1/%2"_s.arg(image.pixelColor(image.width() / 2, 0).name(),
-                               image.pixelColor(4, 4).name());
-    };
-    const bool hasStyle = !button.styleSheet().isEmpty(); // others look as Qt has it
     QString text = button.toolTip().replace(button.text(), u"ID"_s).replace(u'\n', u", "_s);
-    text += hasStyle ? u","_s + look() : QString();
+    const QImage image = button.grab().toImage();
+    if (!button.styleSheet().isEmpty()) // others look as Qt has it
+        text += u", %1/%2"_s.arg(image.pixelColor(image.width() / 2, 0).name(),
+                                 image.pixelColor(4, 4).name());
     button.click();
     return text + (button.isChecked() ? u", checked"_s : u", not to be checked"_s);
 }

@@ -29,7 +29,7 @@ QString adviceOn(const QString &text)
     QStringList names = modifiers;
     for (int key = Qt::Key_Escape; key <= Qt::Key_F12; ++key)
         names += portable(QKeySequence(key));
-    const QStringList words = text.split(QRegularExpression(u"[+,] ?"_s));
+    const QStringList words = text.split(QRegularExpression(u"[-+,] ?"_s));
     for (const QString &word : words)
         if (!word.isEmpty() && !modifiers.contains(word, Qt::CaseInsensitive)
             && !isReadable(QKeySequence::fromString(word, QKeySequence::PortableText), word))

@@ -130,10 +130,11 @@ private:
         XmlElement element;
         element.name = xml.qualifiedName().toString();
         if (!open.empty()) {
-            compareIndentation(open.back(), offset, false);
-            if (open.back().hasText() && open.back().name == element.name && suspect.text.isEmpty())
+            if (open.back().name == element.name && xml.attributes().isEmpty()
+                && suspect.text.isEmpty())
                 suspect = {offset,
                            compose("<%1> begins within <%1>; did you mean </%1>?", element.name)};
+            compareIndentation(open.back(), offset, false);
         }
         element.offset = offset;
         auto written = attribute.globalMatch(text.mid(offset, behind - offset));

@@ -91,28 +91,28 @@ class PageTest : public QObject
 private Q_SLOTS:
     void tools_data()
     {
-        QTest::addColumn<uint>("state");
+        QTest::addColumn<int>("state");
         QTest::addColumn<bool>("usesBars");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("all of a box") << 0x11u << false
+        QTest::newRow("all of a box") << 0x11 << false
                                       << u"select of /Some, 0 0 1 1|zoom of /Some, 0 1 1 1|"
                                          "ruler of /Some, 1 0 1 1|line, 2 0 1 2|"
                                          "grcopy of /Some, 3 0 1 1|Gap of /Keys, 1 3 2 1"_s;
         QTest::newRow("without a line and what follows it")
-            << 0x21u << false
+            << 0x21 << false
             << u"select of /Some, 0 0 1 1|zoom of /Some, 0 1 1 1|"
                "ruler of /Some, 1 0 1 1|Gap of /Keys, 1 3 2 1"_s;
-        QTest::newRow("one of two bits") << 0x12u << false << u"Gap of /Keys, 1 3 2 1"_s;
-        QTest::newRow("bars") << 0x11u << true
+        QTest::newRow("one of two bits") << 0x12 << false << u"Gap of /Keys, 1 3 2 1"_s;
+        QTest::newRow("bars") << 0x11 << true
                               << u"Gap of /Keys, 1 3 2 1|tb1 First|select of /Some|separator|"
                                  "zoom of /Some|tb2 Second, new row|ruler of /Some"_s;
         QTest::newRow("one bar")
-            << 0x21u << true << u"Gap of /Keys, 1 3 2 1|tb1 First|select of /Some|zoom of /Some"_s;
+            << 0x21 << true << u"Gap of /Keys, 1 3 2 1|tb1 First|select of /Some|zoom of /Some"_s;
     }
 
     void tools()
     {
-        QFETCH(uint, state);
+        QFETCH(int, state);
         QFETCH(bool, usesBars);
         Quenda::Kit::DataSafe store;
         store.put(EntryNames::toolDocument(), uR"(<quendaconfig>
@@ -138,7 +138,7 @@ private Q_SLOTS:
             </toolbar>
         </quendaconfig>)"_s);
         QMainWindow window;
-        addTools(&window, store, state, usesBars);
+        addTools(&window, store, quint32(state), usesBars);
         QTEST(shownIn(window).join(u'|'), "shown");
     }
 

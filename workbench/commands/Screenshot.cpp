@@ -14,7 +14,7 @@ namespace Quenda::Workbench {
 
 namespace {
 
-// By its code or its name; the first if none is named.
+// Finds a state by its code or its name; the first if none is named.
 int chooseState(const QVector<HostState> &states, const QString &wanted)
 {
     QStringList labels;
@@ -28,7 +28,7 @@ int chooseState(const QVector<HostState> &states, const QString &wanted)
     return choose("state", wanted, labels);
 }
 
-// By its object name; behind the last if none is named.
+// Finds a menu by its object name; the index behind the last one if none is named.
 int chooseMenu(const QList<QMenu *> &menus, const QString &wanted)
 {
     QStringList names;

@@ -30,7 +30,7 @@ bool isList(const QString &value)
     });
 }
 
-// What to write in the place of a value that the host cannot read; null when it can.
+// Says what to write in the place of a value that the host cannot read; null when it can.
 const char *adviceOn(EntryType type, const QString &value)
 {
     switch (type) {
@@ -46,7 +46,7 @@ const char *adviceOn(EntryType type, const QString &value)
     Q_UNREACHABLE();
 }
 
-// Takes what is only misspelt from the missing ones.
+// Takes a name that is only misspelt from the missing ones.
 void checkName(const XmlElement &entry, const Product *product, QStringList *missing,
                Findings &findings)
 {
@@ -89,8 +89,8 @@ void checkValue(const XmlElement &entry, Findings &findings)
                          entry.text, entry.text.trimmed());
 }
 
-// The library reads entries with QDomDocument, which takes some texts for others. The other
-// documents are read by hosts, with readers of their own.
+// The library reads entries with QDomDocument, which changes some texts. Hosts read the other
+// documents with readers of their own.
 void checkAgreement(const XmlDocument &xml, Findings &findings)
 {
     QDomDocument dom;

@@ -11,8 +11,7 @@ struct Product;
 
 namespace Quenda::Workbench {
 
-// What documents may contain is declared, by their schemas; what they do contain is an
-// XmlAttribute, an XmlElement.
+// A schema declares what documents may contain. What they do contain is an XmlElement.
 
 /** What an attribute or a text may be; by default, any text. */
 struct ValueType

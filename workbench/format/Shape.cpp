@@ -71,7 +71,7 @@ private:
         }
     }
 
-    // What to do with an attribute that an element does not have.
+    // Says what to do with an attribute that an element does not have.
     static QString otherPlaceFor(const QString &attribute, const QStringList &names,
                                  const ElementDeclaration &declaration)
     {

@@ -22,7 +22,7 @@ bool isReadable(const QKeySequence &keys, const QString &text)
     return !keys.isEmpty() && portable(keys).count(comma) == text.count(comma);
 }
 
-// What to do with a shortcut that Qt cannot read.
+// Says what to do with a shortcut that Qt cannot read.
 QString adviceOn(const QString &text)
 {
     static const QStringList modifiers {u"Ctrl"_s, u"Shift"_s, u"Alt"_s, u"Meta"_s, u"Num"_s};
@@ -39,7 +39,7 @@ QString adviceOn(const QString &text)
     return compose("use up to four keys, such as \"Ctrl+S\"");
 }
 
-// The shortcuts of the actions and, before them, the mnemonics of the menu bar.
+// Mnemonics of the menu bar come first, then the shortcuts of the actions.
 void checkShortcuts(const XmlElement &menuBar, Findings &findings)
 {
     QVector<QPair<QKeySequence, const XmlElement *>> taken; // by which menu or action
@@ -65,7 +65,7 @@ void checkShortcuts(const XmlElement &menuBar, Findings &findings)
                              "the shortcut \"%1\" prevents typing that character; begin it with "
                              "Ctrl or Alt",
                              value->text);
-        // One that begins another takes all its keys.
+        // A shortcut that begins another one takes all its keys.
         const auto conflict = std::find_if(taken.begin(), taken.end(), [&keys](const auto &other) {
             return keys.matches(other.first) != QKeySequence::NoMatch
                    || other.first.matches(keys) != QKeySequence::NoMatch;
@@ -98,7 +98,7 @@ public:
     }
 
 private:
-    // The menus and actions, at any depth.
+    // Checks the menus and actions at any depth.
     void checkObjects(const XmlElement &parent)
     {
         for (const XmlElement &child : parent.children) {
@@ -155,7 +155,7 @@ private:
                 file->text);
     }
 
-    // What users read of it.
+    // Checks what users read of an object.
     void checkLabel(const XmlElement &object, const QString &property)
     {
         const XmlElement *value = propertyOf(object, property);

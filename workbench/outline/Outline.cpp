@@ -16,7 +16,7 @@ QString shown(const ValueType &value, const QString &text)
 
 QString summaryOf(const XmlElement &element, const ElementDeclaration &declaration);
 
-// What an element contains by itself and through its properties.
+// Returns what an element contains by itself and through its properties.
 QStringList wordsOf(const XmlElement &element, const ElementDeclaration &declaration)
 {
     QStringList words;
@@ -39,7 +39,7 @@ QStringList wordsOf(const XmlElement &element, const ElementDeclaration &declara
     return words;
 }
 
-// The same with all that is below it, for a property's value.
+// Returns the same with all that is below the element, for a property's value.
 QString summaryOf(const XmlElement &element, const ElementDeclaration &declaration)
 {
     QStringList words = wordsOf(element, declaration);
@@ -72,8 +72,8 @@ private:
         }
     }
 
-    // What is below an element. An item of a menu is shown as what it names, which is left out
-    // where it is defined.
+    // Adds what is below an element. An item of a menu is shown as what it names, which is left
+    // out where it is defined.
     void addLines(const XmlElement &parent, const ElementDeclaration &declaration,
                   const QString &indentation)
     {

@@ -28,7 +28,7 @@ namespace Quenda::Workbench {
 
 namespace {
 
-// Short enough for a surface that follows at once.
+// It is short enough for a surface that follows at once.
 constexpr auto interval = 100ms;
 
 } // namespace
@@ -46,7 +46,7 @@ PreviewWindow::PreviewWindow(const Place &shownPlace, const QString &editorComma
     QStringList stateNames;
     for (const HostState &state : states)
         stateNames += state.label();
-    // No mnemonic is one of the shipped menus'.
+    // The mnemonics differ from those of the shipped menus.
     stateSelector = addSelector(controls, u"state"_s, u"&State:"_s, stateNames);
     presentationSelector =
         addSelector(controls, u"presentation"_s, u"Sho&w:"_s, {u"Tool boxes"_s, u"Tool bars"_s});
@@ -102,7 +102,7 @@ QComboBox *PreviewWindow::addSelector(QHBoxLayout *controls, const QString &name
     return selector;
 }
 
-// What changes with a file, whether it is written or replaced by another.
+// Returns what changes with a file, whether it is written or replaced by another.
 QByteArray PreviewWindow::filesNow() const
 {
     QByteArray files;

@@ -34,7 +34,7 @@ QSize GridArea::sizeHint() const
     return widget()->sizeHint();
 }
 
-// Room for a vertical scroll bar, which would otherwise need a horizontal one, too.
+// There is room for a vertical scroll bar, which would otherwise need a horizontal one, too.
 void GridArea::resizeEvent(QResizeEvent *event)
 {
     QScrollArea::resizeEvent(event);

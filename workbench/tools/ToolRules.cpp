@@ -107,7 +107,7 @@ private:
         }
     }
 
-    // The first of a group is where the others belong.
+    // The first tool of a group is where the others belong.
     void checkGroups(const XmlElement &box)
     {
         QMap<QString, const XmlElement *> last; // of each group
@@ -147,7 +147,7 @@ private:
         }
     }
 
-    // The names of the states in which a mask is available.
+    // Returns the names of the states in which a mask is available.
     QStringList statesIn(quint32 mode) const
     {
         QStringList names;
@@ -176,7 +176,7 @@ private:
         }
     }
 
-    // Whether the element's own mask is right, in a box or as one.
+    // Returns whether the element's own mask is right, in a box or as one.
     bool checkMode(const XmlElement &element, const XmlElement &box)
     {
         const quint32 mode = modeOf(element);
@@ -206,7 +206,7 @@ private:
         return true;
     }
 
-    // The first state without a box of this kind, which a mask for no state may be meant for.
+    // Returns the first state without a box of this kind: a mask for no state may be meant for it.
     const HostState &stateFor(const QString &kind) const
     {
         const auto found = std::find_if(states.begin(), states.end(), [&](const HostState &state) {
@@ -217,7 +217,7 @@ private:
         return found == states.end() ? states.constFirst() : *found;
     }
 
-    // A second tool box in one state, or a second tool bar that users cannot tell from the first.
+    // Finds a second tool box in one state, or a second tool bar that users cannot distinguish.
     void checkOverlap(const XmlElement &box)
     {
         for (const XmlElement &other : root.children) {

@@ -8,11 +8,11 @@ namespace Quenda::Workbench {
 
 namespace {
 
-// Deeper than any real document; QDomDocument recurses and would overflow the stack.
+// This is deeper than any real document. QDomDocument recurses, and would overflow the stack.
 constexpr int maximumDepth = 100;
 
-// What can be left unfinished or badly written. The first that a piece of text begins with is
-// meant.
+// What a document consists of, and how to write it. The first one whose opening a text begins with
+// is the one that it belongs to.
 struct Construct
 {
     const char *opening;
@@ -37,7 +37,7 @@ constexpr Construct constructs[] {
      "as itself"},
 };
 
-// White space as XML has it; Qt knows more.
+// Qt knows more white space than XML.
 bool isBlank(QChar c)
 {
     return u" \t\r\n"_s.contains(c);
@@ -50,13 +50,13 @@ int skipBlanks(const QString &text, int offset)
     return offset;
 }
 
-// The line, from 1.
+// Returns the line, from 1.
 int lineOf(const QString &text, int offset)
 {
     return text.leftRef(offset).count(u'\n') + 1;
 }
 
-// What is before an offset in its line.
+// Returns what is before an offset in its line.
 QStringRef lineBefore(const QString &text, int offset)
 {
     return text.leftRef(offset).mid(text.leftRef(offset).lastIndexOf(u'\n') + 1);
@@ -119,7 +119,7 @@ private:
 
     void startElement(int offset, int behind)
     {
-        // The attributes as written, with their values in quotation marks.
+        // It matches the attributes as they are written, with their values in quotation marks.
         static const QRegularExpression attribute(
             u"[ \\t\\r\\n]([^ \\t\\r\\n=]+)[ \\t\\r\\n]*=[ \\t\\r\\n]*(?:\"[^\"]*\"|'[^']*')"_s);
         if (open.size() == maximumDepth)
@@ -227,7 +227,8 @@ private:
         return {isCutOff ? start : last, compose("%1; %2", words, construct.advice)};
     }
 
-    // At the first sign of it: an element that does not exist, a tag that differs from the layout.
+    // The place is the first sign of the mistake: an element that does not exist, or a tag that
+    // differs from the layout.
     XmlError nestingError(int place, const QString &name) const
     {
         const auto unknown =
@@ -269,7 +270,7 @@ private:
     XmlError suspect; // the first tag that differs from the layout
 };
 
-// What is wrong with a document before a parser sees it.
+// Says what is wrong with a document before a parser sees it.
 XmlError textError(const QByteArray &bytes, const QString &text)
 {
     static const QRegularExpression conflict(u"^(<{7}|>{7})( |$)"_s,

@@ -71,8 +71,10 @@ void checkName(const XmlElement &entry, const Product *product, QStringList *mis
                                         compose("correct its name, or add it to "
                                                 "host/Products.cpp"))));
     } else if (!known->products.contains(product->id)) {
-        findings.warning(offset, "only the host of %2 reads entry \"%1\"; move it there", name,
-                         listed(known->products));
+        findings.warning(offset,
+                         "the host of %2 does not read entry \"%1\"; move it to a product whose "
+                         "host does",
+                         name, product->id);
     }
 }
 

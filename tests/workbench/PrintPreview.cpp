@@ -72,9 +72,14 @@ public:
             (void)QTest::qWaitFor([&] { return describe() != before; }, 3000);
         if (step.startsWith(u"& "_s))
             printsInShell(step.mid(2));
-        else
-            QTest::qWait(50); // nothing more happens
-        const QStringList after = describe();
+        QStringList after = describe();
+        const bool isHurried = step.startsWith(u"& "_s) || step.startsWith(u"> write"_s);
+        for (int same = isHurried ? 3 : 0; same < 3;) { // until nothing more happens
+            QTest::qWait(30);
+            const QStringList next = describe();
+            same = next == after ? same + 1 : 0;
+            after = next;
+        }
         for (const QString &line : before)
             if (!hasLine(after, line.section(u' ', 0, 0)))
                 std::printf("- %s\n", qUtf8Printable(line));

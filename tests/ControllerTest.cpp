@@ -181,7 +181,7 @@ private Q_SLOTS:
             }
         };
         if (mallinfo2().uordblks == 0)
-            QSKIP("a sanitizer allocates, and looks for leaks itself");
+            QSKIP("a sanitizer allocates, and looks for leaks itself", "");
         std::size_t inUse = 0;
         for (int round = 0; round < 2; ++round) {
             inUse = mallinfo2().uordblks; // in the second round, without what a process makes once

@@ -23,7 +23,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("folder");
         const QDir documents(QStringLiteral(DOCUMENTS));
-        for (const QString &product : documents.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        const QStringList products = documents.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        for (const QString &product : products)
             QTest::newRow(qPrintable(product)) << documents.filePath(product);
     }
 
@@ -63,7 +64,8 @@ private:
     static QString findingsIn(const Documents &documents, const QString &product)
     {
         QStringList texts;
-        for (const Finding &finding : checkDocuments(documents, product))
+        const QVector<Finding> findings = checkDocuments(documents, product);
+        for (const Finding &finding : findings)
             texts += finding.toString();
         return texts.join(u'\n');
     }

@@ -80,10 +80,10 @@ public:
             same = next == after ? same + 1 : 0;
             after = next;
         }
-        for (const QString &line : before)
+        for (const QString &line : std::as_const(before))
             if (!hasLine(after, line.section(u' ', 0, 0)))
                 std::printf("- %s\n", qUtf8Printable(line));
-        for (const QString &line : after)
+        for (const QString &line : std::as_const(after))
             if (!before.contains(line))
                 std::printf("+ %s\n", qUtf8Printable(line));
     }
@@ -229,7 +229,8 @@ private:
                     .arg(pane->horizontalScrollBar()->maximum() == 0 ? u""_s : u", too wide"_s);
         for (int i = 0; pane->isVisible() && i < pane->count(); ++i)
             lines += pane->item(i)->text();
-        for (const QListWidgetItem *item : pane->selectedItems())
+        const QList<QListWidgetItem *> selected = pane->selectedItems();
+        for (const QListWidgetItem *item : selected)
             lines += u"selected: "_s + item->text().section(u' ', 0, 0);
         if (!opened.isEmpty())
             lines += opened;

@@ -107,7 +107,7 @@ private:
             checkName(child);
             elements.insert(child.value(u"name"), &child);
             checkProperties(child);
-            checkLabel(child, QLatin1String(child.is(u"widget") ? "title" : "text"));
+            checkLabel(child, child.is(u"widget") ? QLatin1String("title") : QLatin1String("text"));
             checkObjects(child);
         }
     }

@@ -192,6 +192,12 @@ QStringList toolsOf(const XmlElement &box, const HostState &state)
     return tools;
 }
 
+// A lone "&" would be a mnemonic.
+QString idOf(const QToolButton &button)
+{
+    return button.text().replace(u"&&"_s, u"&"_s);
+}
+
 QStringList toolsOf(const QDockWidget &dock)
 {
     const auto buttons = dock.findChildren<QToolButton *>();
@@ -199,7 +205,7 @@ QStringList toolsOf(const QDockWidget &dock)
     for (const QToolButton *button : buttons)
         if (button->isVisibleTo(&dock)) {
             require(!button->size().isEmpty(), "room for the tool", button->text());
-            tools += button->text();
+            tools += idOf(*button);
         }
     return tools;
 }
@@ -211,7 +217,7 @@ QStringList toolsOf(const QToolBar &bar)
     QStringList tools;
     for (QAction *action : actions)
         if (!action->isSeparator() && action->isVisible())
-            tools += static_cast<const QToolButton *>(bar.widgetForAction(action))->text();
+            tools += idOf(static_cast<const QToolButton &>(*bar.widgetForAction(action)));
     return tools;
 }
 
